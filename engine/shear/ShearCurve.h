@@ -1,0 +1,60 @@
+#ifndef KX_SHEAR_SHEARCURVE_H
+#define KX_SHEAR_SHEARCURVE_H
+
+#include <cstdint>
+#include <vector>
+
+namespace kx {
+
+/// One point of a measured in-plane shear curve: stress in any unit of stress, engineering shear
+/// strain in any unit of strain (the reduction is independent of both). The sign is not looked at.
+struct ShearPoint {
+  double stress = 0.0;
+  double strain = 0.0;
+};
+
+/// Secant degradation of a shear modulus: d(tau) = tau/(G0 gamma) = 1 up to the threshold, and
+/// m tau + b above it, continuous at the threshold. The strain at a stress is tau/(G0 d).
+struct SecantLaw {
+  double initialModulus = 0.0;  ///< G0 [stress/strain], slope of the curve's first quarter
+  double m = 0.0;               ///< [1/stress], negative
+  double b = 0.0;               ///< [-], above 1
+  double threshold = 0.0;       ///< [stress], where the law leaves the straight line
+
+  /// d at a stress >= 0; 1 at and below the threshold, 0 at the law's asymptote and beyond.
+  [[nodiscard]] double degradation(double stress) const noexcept;
+  /// Strain that the law gives at a stress >= 0; infinite at the asymptote and beyond.
+  [[nodiscard]] double strainAt(double stress) const noexcept;
+  /// Stress that the law gives at a strain >= 0.
+  [[nodiscard]] double stressAt(double strain) const noexcept;
+};
+
+/// What became of a curve. The values are the codes of the C contract.
+enum class CurveVerdict : std::int32_t { reduced = 0, belowStrength = 1, linear = 2 };
+
+/// Outcome of a reduction. The law is all zeros unless the verdict is `reduced`.
+struct ShearReduction {
+  CurveVerdict verdict = CurveVerdict::belowStrength;
+  SecantLaw law;
+  double lowestDegradation = 1.0;  ///< d of the law at the last point used
+  double stressDeviation = 0.0;    ///< largest |law - point| in stress at the points' strains
+};
+
+/// Reduces a measured shear curve to a secant law.
+///
+/// Points in any order; those with a number that is not finite or a zero are dropped, and so is
+/// everything after the first point (by strain) that reaches the strength, or after the peak of a
+/// curve that does not. A strength that is not a positive number is replaced by the peak.
+/// - `belowStrength`: no usable point, or the peak is below 0.98 of the strength;
+/// - `linear`: fewer than three points, or the secant modulus never falls below 0.98 of G0.
+///
+/// G0 is the slope through the origin of the points up to a quarter of the strength (at least the
+/// first two). Threshold and asymptote minimise the sum of squared strain deviations; where that
+/// leaves a point further than 2 % of the peak away in stress (a sharp knee followed by a plateau),
+/// they minimise the stress deviations instead, if this brings the worst point closer.
+/// The secant form is the one that fits published curves best (hahn1973 for the cubic law).
+ShearReduction reduceShearCurve(const std::vector<ShearPoint>& points, double strength);
+
+}  // namespace kx
+
+#endif
