@@ -1,0 +1,84 @@
+#include "console/Format.h"
+
+#include <iomanip>
+#include <sstream>
+
+#include <boost/locale.hpp>
+
+namespace lamcraft::console {
+
+namespace {
+
+/// Carries the list separator in a locale, so that it changes hands with the locale and needs no
+/// variable of its own.
+class ListSeparator : public std::locale::facet {
+ public:
+  static std::locale::id id;
+
+  explicit ListSeparator(std::string text) : text_(std::move(text)) {}
+  [[nodiscard]] const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+std::locale::id ListSeparator::id;
+
+/// A stream set up for localized numbers. Making one costs far more than writing a number, so each
+/// thread keeps its own.
+class NumberStream {
+ public:
+  NumberStream() { stream_ << std::right << boost::locale::as::number; }
+
+  NumberStream(std::ios_base::fmtflags floatFormat, std::streamsize precision, int width)
+      : NumberStream() {
+    width_ = width;
+    stream_.setf(floatFormat, std::ios_base::floatfield);
+    stream_.precision(precision);
+  }
+
+  template <typename Number>
+  std::string write(Number value) {
+    if (const std::locale current; stream_.getloc() != current) stream_.imbue(current);
+    stream_.str({});
+    stream_ << std::setw(width_) << value;
+    return stream_.str();
+  }
+
+ private:
+  std::ostringstream stream_;
+  int width_ = 0;
+};
+
+NumberStream& displayStream() {
+  thread_local NumberStream stream;
+  return stream;
+}
+
+}  // namespace
+
+std::string listSeparator() {
+  const std::locale current;
+  return std::has_facet<ListSeparator>(current) ? std::use_facet<ListSeparator>(current).text()
+                                                : ", ";
+}
+
+std::locale withListSeparator(const std::locale& base, std::string_view userLocaleName) {
+  const bool isGerman = userLocaleName == "German_Germany.1252" || userLocaleName == "de_DE.UTF-8";
+  return {base, new ListSeparator(isGerman ? "; " : ", ")};  // owned by the locale
+}
+
+std::string scientific(double value) {
+  thread_local NumberStream stream(std::ios_base::scientific, 3, 10);
+  return stream.write(value);
+}
+
+std::string display(double value) {
+  return displayStream().write(value);
+}
+
+std::string display(std::int64_t value) {
+  return displayStream().write(value);
+}
+
+}  // namespace lamcraft::console

@@ -1,0 +1,22 @@
+#ifndef LAMCRAFT_PLATFORM_USERLOCALE_H
+#define LAMCRAFT_PLATFORM_USERLOCALE_H
+
+#include <locale>
+#include <string>
+
+namespace lamcraft::platform {
+
+/// The standard library's locale for the user, all categories. On Windows its wide characters
+/// become bytes in the code page that the console has at that moment.
+/// Throws std::runtime_error("bad locale name") when the user's locale is not there.
+std::locale userLocale();
+
+/// The name of that locale, for instance "de_DE.UTF-8" or "German_Germany.1252". Throws likewise.
+std::string userLocaleName();
+
+/// The Boost.Locale backend whose numbers look alike on all platforms (1.500e+05).
+std::string localeBackend();
+
+}  // namespace lamcraft::platform
+
+#endif

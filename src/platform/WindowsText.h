@@ -1,0 +1,14 @@
+#ifndef LAMCRAFT_PLATFORM_WINDOWSTEXT_H
+#define LAMCRAFT_PLATFORM_WINDOWSTEXT_H
+
+#include <string>
+
+namespace lamcraft::platform {
+
+/// Wide form of a text in the ANSI code page of the process, in which Windows hands over the
+/// program's arguments.
+std::wstring widened(const std::string& text);
+
+}  // namespace lamcraft::platform
+
+#endif
