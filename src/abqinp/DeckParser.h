@@ -1,0 +1,36 @@
+#ifndef LAMCRAFT_ABQINP_DECKPARSER_H
+#define LAMCRAFT_ABQINP_DECKPARSER_H
+
+#include <string>
+#include <string_view>
+
+#include "abqinp/DeckBlocks.h"
+#include "abqinp/Keyword.h"
+
+namespace abqinp {
+
+/// Sorts the lines of a deck into blocks: comments, keyword lines, the lines that continue them,
+/// and data lines. Time is linear in the deck's size, wherever its comments stand.
+class DeckParser {
+ public:
+  /// Takes the next line, as it stands in the deck but for its line feed.
+  void addLine(std::string_view line);
+  /// The blocks of all lines. Nothing can be added after it.
+  DeckBlocks finish();
+
+ private:
+  void addComment(std::string_view line);
+  void addKeywordLine();
+  void addFollowingLine();
+  void storeCurrent();
+  [[nodiscard]] bool endsWithComma() const noexcept;
+
+  DeckBlocks blocks_;
+  Keyword current_;
+  bool isContinued_ = false;  // the last keyword line or continuation ended with a comma
+  std::string normalised_;    // the line at hand
+};
+
+}  // namespace abqinp
+
+#endif

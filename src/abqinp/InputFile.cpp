@@ -1,0 +1,65 @@
+#include "abqinp/InputFile.h"
+
+#include <fstream>
+#include <limits>
+#include <stdexcept>
+
+#include "abqinp/DeckParser.h"
+#include "abqinp/LineReader.h"
+
+namespace abqinp {
+namespace {
+
+std::runtime_error couldNotOpen(const std::string& path) {
+  return std::runtime_error("Could not open file " + path);
+}
+
+}  // namespace
+
+void InputFile::read(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) {
+    throw couldNotOpen(path);
+  }
+  DeckParser parser;
+  LineReader lines(file);
+  std::string_view line;
+  while (lines.next(line)) {
+    parser.addLine(line);
+  }
+  if (file.bad()) {  // a folder opens but does not read
+    throw couldNotOpen(path);
+  }
+  blocks_ = parser.finish();
+  restart();
+}
+
+void InputFile::restart() noexcept {
+  place_ = DeckBlocks::Place();
+  current_ = nullptr;
+}
+
+bool InputFile::nextKeyword() {
+  current_ = blocks_.next(place_, comment_);
+  if (current_ == nullptr) {
+    return false;
+  }
+  requireIndex(place_.keywords + place_.comments - 1);
+  return true;
+}
+
+void InputFile::write(const std::string& path, const bool inWrittenOrder) const {
+  std::ofstream file(path, std::ios::binary);
+  if (!file) {
+    throw couldNotOpen(path);
+  }
+  blocks_.write(file, inWrittenOrder);
+}
+
+void InputFile::requireIndex(const std::uint64_t index) {
+  if (index > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
+    throw std::out_of_range("Keyword index out of range");
+  }
+}
+
+}  // namespace abqinp
