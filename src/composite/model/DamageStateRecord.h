@@ -16,7 +16,7 @@ enum class DamageSet : std::size_t {
   matrixPocket,
   fill,
   warp,
-  interface,  ///< never filled: the interface has no volume
+  interfaceLayer,  ///< never filled: the interface has no volume
   fillFiber,
   fillMatrix,
   warpFiber,

@@ -69,9 +69,6 @@ class PropertySet {
   void scaleVariables(double stress, double inverseTemperature) noexcept;
 
  private:
-  void copyDependent(Property to, Property from);
-  void setShear(Property shear, double modulus);
-
   std::array<double, kPropertyCount> working_{};
   std::array<VariableProperty, kPropertyCount> variables_{};
 };

@@ -66,6 +66,9 @@ enum class UniStrength : std::size_t { t1, c1, t2, c2, s12, s23 };
 /// Positions of the strengths of a woven composite: knee and ultimate.
 enum class WeaveStrength : std::size_t { t1Knee, t1, c1Knee, c1, s12Knee, s12 };
 
+/// Positions of the fracture properties.
+enum class Fracture : std::size_t { gftC, gfcC, gmC, gmnC, gmsC, alpha };
+
 inline constexpr std::array<GroupRow, kStrengthCount> kUniStrengthRows{{
     {"T1", "pS11", Dimension::stress},
     {"C1", "nS11", Dimension::stress},
