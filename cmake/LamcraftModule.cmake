@@ -1,14 +1,15 @@
 # One room of the house: a static library of the sources in this folder.
 #
 #   lamcraft_module(<name> ROOT <include root> FOLDER <folder below it>
-#                   SOURCES <files> [OTHER_PLATFORMS <files>] [HEADERS_ONLY]
+#                   SOURCES <files> [APART <files>] [HEADERS_ONLY]
 #                   [DEPENDS <modules>] [LINKS <other targets>])
 #
 # A file may include headers of its own room and of the rooms named in DEPENDS, nothing else of
 # ours: the include check of every room runs as a part of the build, and so does the check that
-# SOURCES names every .cpp in the folder. OTHER_PLATFORMS names those that this platform leaves out.
+# SOURCES names every .cpp in the folder. APART names those that are not of the library: a program's
+# main file, sources of other platforms.
 function(lamcraft_module name)
-  cmake_parse_arguments(ARG "HEADERS_ONLY" "ROOT;FOLDER" "SOURCES;OTHER_PLATFORMS;DEPENDS;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "HEADERS_ONLY" "ROOT;FOLDER" "SOURCES;APART;DEPENDS;LINKS" ${ARGN})
   set(target lamcraft_${name})
   if(ARG_HEADERS_ONLY)
     add_library(${target} INTERFACE)
@@ -33,7 +34,7 @@ function(lamcraft_module name)
   set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${name}.includes)
   add_custom_command(OUTPUT ${stamp}
     COMMAND ${CMAKE_COMMAND} -DROOM=${ARG_FOLDER} "-DROOT=${ARG_ROOT}" "-DALLOWED=${allowed}"
-            "-DSOURCES=${ARG_SOURCES};${ARG_OTHER_PLATFORMS}" -DSTAMP=${stamp}
+            "-DSOURCES=${ARG_SOURCES};${ARG_APART}" -DSTAMP=${stamp}
             -P ${PROJECT_SOURCE_DIR}/cmake/CheckRoom.cmake
     DEPENDS ${files} ${PROJECT_SOURCE_DIR}/cmake/CheckRoom.cmake VERBATIM)
   add_custom_target(check_room_${name} ALL DEPENDS ${stamp})

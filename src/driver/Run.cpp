@@ -1,0 +1,33 @@
+#include "driver/Run.h"
+
+#include "abqinp/InputFile.h"
+#include "console/Messages.h"
+#include "console/Output.h"
+#include "driver/Localization.h"
+
+namespace lamcraft::driver {
+
+namespace {
+
+void printUsage(const char* program) {
+  console::Output output;
+  output.text("Lamcraft 2023.0.0.0\n").endLine();
+  output.message(console::kUsage).endLine();
+  output.text(program);  // as narrow text: its bytes reach the console as they are
+  output.wide(L" [").message(console::kUsageInputFile).wide(L"] ");
+  output.wide(L"[").message(console::kUsageResultsDirectory).wide(L"]").endLine();
+}
+
+}  // namespace
+
+ExitCode run(int count, const char* const* arguments) {
+  if (!runLocalization([] { setupLocalization(); })) return ExitCode::success;
+  if (count < 2) {
+    printUsage(count > 0 ? arguments[0] : "");
+    return ExitCode::success;
+  }
+  abqinp::InputFile deck;
+  return runParse([&] { deck.read(arguments[1]); });
+}
+
+}  // namespace lamcraft::driver

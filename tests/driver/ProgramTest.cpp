@@ -1,0 +1,95 @@
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "support/ProcessRun.h"
+#include "support/TemporaryFolder.h"
+
+namespace lamcraft {
+namespace {
+
+using test::ProcessResult;
+using test::TemporaryFolder;
+
+const std::string kProgram = LAMCRAFT_PROGRAM;
+
+/// Runs the program under the locale `locale`; it must leave the standard error stream alone.
+ProcessResult run(const std::vector<std::string>& arguments, const std::string& locale = "C") {
+  const ProcessResult result = test::run({kProgram, arguments, {{"LC_ALL", locale}}});
+  EXPECT_EQ(result.err, "");
+  return result;
+}
+
+TEST(Program, PrintsBannerAndUsageWithoutADeck) {
+  for (const char* locale : {"C", "C.UTF-8", "en_US.UTF-8"}) {
+    const ProcessResult result = run({}, locale);
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(
+        result.out,
+        "Lamcraft 2023.0.0.0\n\nusage:\n" + kProgram + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
+  }
+}
+
+TEST(Program, SpeaksGermanToGermanUsers) {
+  const ProcessResult usage = run({}, "de_DE.UTF-8");
+  EXPECT_EQ(usage.exitCode, 0);
+  EXPECT_EQ(usage.out,
+            "Lamcraft 2023.0.0.0\n\nAufruf:\n" + kProgram +
+                " [EINGABEDATEI] [ERGEBNISORDNER-OPTIONAL]\n");
+  const ProcessResult parse = run({"fehlt-\xc3\xbc.qdk"}, "de_DE.UTF-8");
+  EXPECT_EQ(parse.exitCode, 2);
+  EXPECT_EQ(parse.out,
+            "SCHWERWIEGENDER FEHLER: Unbekannter Fehler beim Einlesen der Eingabedatei\n"
+            "Could not open file fehlt-\xc3\xbc.qdk\n");
+}
+
+TEST(Program, LanguageAloneIsNoGermanLocale) {
+  const ProcessResult result =
+      test::run({kProgram, {}, {{"LC_ALL", "en_US.UTF-8"}, {"LANGUAGE", "de"}}});
+  EXPECT_NE(result.out.find("usage:\n"), std::string::npos);
+}
+
+TEST(Program, GermanTextsReachAStreamThatKnowsAsciiAlone) {
+  // The catalogue follows LC_CTYPE before LC_ALL, the standard library the other way round.
+  const ProcessResult result =
+      test::run({kProgram, {"missing.qdk"}, {{"LC_ALL", "C"}, {"LC_CTYPE", "de_DE.UTF-8"}}});
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(result.out,
+            "SCHWERWIEGENDER FEHLER: Unbekannter Fehler beim Einlesen der Eingabedatei\n"
+            "Could not open file missing.qdk\n");
+}
+
+TEST(Program, PathThatIsNotAsciiAppearsAsItIs) {
+  const TemporaryFolder folder;
+  const std::string program = folder.file("lamcraft \xc3\xbc");
+  std::filesystem::create_symlink(kProgram, program);
+  for (const char* locale : {"C", "en_US.UTF-8"}) {
+    const ProcessResult result = test::run({program, {}, {{"LC_ALL", locale}}});
+    EXPECT_EQ(
+        result.out,
+        "Lamcraft 2023.0.0.0\n\nusage:\n" + program + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
+  }
+}
+
+TEST(Program, LocaleThatIsNotInstalledEndsTheRunAsASuccess) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{}, std::vector<std::string>{"missing.qdk"}}) {
+    const ProcessResult result = run(arguments, "xx_XX.UTF-8");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, "FATAL ERROR: Unable to setup localization: \nbad locale name\n");
+  }
+}
+
+TEST(Program, ReportsADeckThatCannotBeOpened) {
+  for (const char* locale : {"C", "en_US.UTF-8"}) {
+    const ProcessResult result = run({"missing.qdk", "results", "more", "arguments"}, locale);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out,
+              "FATAL ERROR: An unknown error occurred in Parse\n"
+              "Could not open file missing.qdk\n");
+  }
+}
+
+}  // namespace
+}  // namespace lamcraft
