@@ -2,6 +2,8 @@
 
 #include <exception>
 
+#include "abqinp/InputFileException.h"
+#include "composite/model/LamcraftException.h"
 #include "console/Messages.h"
 #include "console/Output.h"
 
@@ -15,6 +17,9 @@ struct Failure {
 };
 
 constexpr Failure kParseFailure{console::kUnknownParseError, ExitCode::failed};
+constexpr Failure kMalformedInput{console::kMalformedInputFile, ExitCode::malformedInput};
+constexpr Failure kSolveFailure{console::kErrorDuringSolve, ExitCode::failed};
+constexpr Failure kCreateFailure{console::kUnknownCreateError, ExitCode::unknownError};
 
 ExitCode report(const Failure& failure, const std::exception& error) {
   console::Output().message(failure.headline).endLine().text(error.what()).endLine();
@@ -43,6 +48,19 @@ ExitCode runParse(const Phase& readDeck) {
     return ExitCode::success;
   } catch (const std::exception& error) {
     return report(kParseFailure, error);
+  }
+}
+
+ExitCode runCreate(const Phase& create) {
+  try {
+    create();
+    return ExitCode::success;
+  } catch (const abqinp::InputFileException& error) {
+    return report(kMalformedInput, error);
+  } catch (const LamcraftException& error) {
+    return report(kSolveFailure, error);
+  } catch (const std::exception& error) {
+    return report(kCreateFailure, error);
   }
 }
 

@@ -10,7 +10,7 @@ enum class ExitCode : int { success = 0, malformedInput = 1, failed = 2, unknown
 
 using Phase = std::function<void()>;
 
-/// The phases of a run. Each runs its work, prints a headline and the text of the standard
+/// The three phases of a run. Each runs its work, prints a headline and the text of the standard
 /// exception that leaves it, if any, and answers the exit code of that failure. Other exceptions
 /// pass.
 
@@ -20,6 +20,9 @@ bool runLocalization(const Phase& setUp);
 
 /// Reads the deck.
 ExitCode runParse(const Phase& readDeck);
+
+/// Turns the deck into a material folder.
+ExitCode runCreate(const Phase& create);
 
 }  // namespace lamcraft::driver
 

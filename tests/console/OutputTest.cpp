@@ -3,85 +3,43 @@
 #include <iostream>
 #include <set>
 #include <sstream>
-#include <streambuf>
 #include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
 
 #include "console/Messages.h"
+#include "support/ConsoleCapture.h"
 
 namespace lamcraft::console {
 namespace {
 
-/// A buffer that, like the standard output's, shows its text when it is flushed and not before.
-template <typename Char>
-class BufferedSide : public std::basic_stringbuf<Char> {
- public:
-  explicit BufferedSide(std::string& shown) : shown_(shown) {}
-
-  /// Makes the next text fail, as a character does that has no bytes.
-  void failOnce() { fails_ = true; }
-
- protected:
-  // NOLINTBEGIN(readability-identifier-naming): the standard library's names
-  int sync() override {
-    for (const Char character : this->str()) shown_ += static_cast<char>(character);
-    this->str({});
-    return 0;
-  }
-  std::streamsize xsputn(const Char* text, std::streamsize size) override {
-    if (!fails_) return std::basic_stringbuf<Char>::xsputn(text, size);
-    fails_ = false;
-    return 0;
-  }
-  // NOLINTEND(readability-identifier-naming)
-
- private:
-  std::string& shown_;
-  bool fails_ = false;
-};
-
-/// Stands in for a terminal behind the two standard output streams.
-class ConsoleOutput : public testing::Test {
- protected:
-  ConsoleOutput()
-      : narrowBefore_(std::cout.rdbuf(&narrow_)), wideBefore_(std::wcout.rdbuf(&wide_)) {}
-  ~ConsoleOutput() override {
-    std::cout.rdbuf(narrowBefore_);
-    std::wcout.rdbuf(wideBefore_);
-  }
-
-  std::string shown_;
-  BufferedSide<char> narrow_{shown_};
-  BufferedSide<wchar_t> wide_{shown_};
-
- private:
-  std::streambuf* narrowBefore_;
-  std::wstreambuf* wideBefore_;
-};
-
-TEST_F(ConsoleOutput, WideAndNarrowTextsAppearInTheOrderOfTheCalls) {
+TEST(Output, WideAndNarrowTextsAppearInTheOrderOfTheCalls) {
+  test::ConsoleCapture console;
   Output().message(kTargetExists).text("/m/mdata.xml").wide(L" (").number(12).wide(L")").endLine();
-  EXPECT_EQ(shown_, "FATAL ERROR: The target mdata already exists: /m/mdata.xml (12)\n");
+  EXPECT_EQ(console.shown(), "FATAL ERROR: The target mdata already exists: /m/mdata.xml (12)\n");
 }
 
-TEST_F(ConsoleOutput, OrderHoldsFromOneOutputToTheNext) {
+TEST(Output, OrderHoldsFromOneOutputToTheNext) {
+  test::ConsoleCapture console;
   Output().message(kSolvingUnidirectional);
   Output().text("AS4").endLine();
   Output().message(kTargetLamina).endLine();
   Output().text("E11 = 1\n").endLine();
-  EXPECT_EQ(shown_, "Solving unidirectional composite:AS4\nTarget lamina properties:\nE11 = 1\n\n");
+  EXPECT_EQ(console.shown(),
+            "Solving unidirectional composite:AS4\nTarget lamina properties:\nE11 = 1\n\n");
 }
 
-TEST_F(ConsoleOutput, EndOfLineFlushesTheStreamWrittenLast) {
+TEST(Output, EndOfLineFlushesTheStreamWrittenLast) {
+  test::ConsoleCapture console;
   Output().text("a").endLine();
-  EXPECT_EQ(shown_, "a\n");
+  EXPECT_EQ(console.shown(), "a\n");
   Output().wide(L"b").endLine().endLine();
-  EXPECT_EQ(shown_, "a\nb\n\n");
+  EXPECT_EQ(console.shown(), "a\nb\n\n");
 }
 
-TEST_F(ConsoleOutput, NumbersLeaveTheStreamAsItWas) {
+TEST(Output, NumbersLeaveTheStreamAsItWas) {
+  test::ConsoleCapture console;
   std::ostringstream before;
   before.copyfmt(std::cout);
   Output().number(1.0e-7).number(std::int64_t{5}).number(3U);
@@ -89,25 +47,28 @@ TEST_F(ConsoleOutput, NumbersLeaveTheStreamAsItWas) {
   EXPECT_EQ(std::cout.precision(), before.precision());
   EXPECT_EQ(std::cout.width(), 0);
   std::cout.flush();
-  EXPECT_EQ(shown_, "1e-0753");
+  EXPECT_EQ(console.shown(), "1e-0753");
 }
 
-TEST_F(ConsoleOutput, NarrowBytesStayAsTheyAre) {
+TEST(Output, NarrowBytesStayAsTheyAre) {
+  test::ConsoleCapture console;
   Output().text("\xc3\xbc\xff").endLine();
-  EXPECT_EQ(shown_, "\xc3\xbc\xff\n");
+  EXPECT_EQ(console.shown(), "\xc3\xbc\xff\n");
 }
 
-TEST_F(ConsoleOutput, TextThatFailsDoesNotSilenceThoseAfterIt) {
-  wide_.failOnce();
+TEST(Output, TextThatFailsDoesNotSilenceThoseAfterIt) {
+  test::ConsoleCapture console;
+  console.wide().failOnce();
   Output().wide(L"lost").endLine();
   Output().wide(L"wide").endLine();
-  narrow_.failOnce();
+  console.narrow().failOnce();
   Output().text("lost").endLine();
   Output().text("narrow").endLine();
-  EXPECT_EQ(shown_, "\nwide\n\nnarrow\n");
+  EXPECT_EQ(console.shown(), "\nwide\n\nnarrow\n");
 }
 
-TEST_F(ConsoleOutput, LinesOfTwoThreadsNeverMix) {
+TEST(Output, LinesOfTwoThreadsNeverMix) {
+  test::ConsoleCapture console;
   constexpr int kLines = 500;
   const auto writeLines = [](const char* name) {
     for (int line = 0; line < kLines; ++line) {
@@ -119,7 +80,7 @@ TEST_F(ConsoleOutput, LinesOfTwoThreadsNeverMix) {
   monitor.join();
 
   std::multiset<std::string> lines;
-  std::istringstream stream(shown_);
+  std::istringstream stream(console.shown());
   for (std::string line; std::getline(stream, line);) lines.insert(line);
   EXPECT_EQ(lines.size(), 2U * kLines);
   EXPECT_EQ(lines.count("Iteration: main Error:0.5"), std::size_t{kLines});
