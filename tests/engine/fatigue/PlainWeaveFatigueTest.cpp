@@ -1,0 +1,125 @@
+#include "fatigue/PlainWeaveFatigue.h"
+
+#include <cmath>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr double kTemperature = 296.15;
+constexpr kx::WeaveStrengths kGlassFabric{{180e6, 170e6}, {400e6, 380e6}, 45e6, 90e6};
+
+enum Component : std::size_t { c11, c22, c33, c12, c13, c23 };
+
+void set(kx::ConcentrationColumns& matrix, std::size_t row, std::size_t column, double value) {
+  matrix[6 * column + row] = value;
+}
+
+/// Fill and warp carry the load along them; the matrix in a tow has 0.1 of its axial and 0.8 of its
+/// transverse stress.
+kx::WeaveDecomposition decomposition() {
+  kx::WeaveDecomposition weave;
+  set(weave.fill, c11, c11, 1.6);
+  set(weave.fill, c22, c11, 0.02);
+  set(weave.warp, c11, c11, 0.6);
+  set(weave.warp, c22, c22, 1.5);
+  for (auto* matrix : {&weave.fillMatrix, &weave.warpMatrix}) {
+    set(*matrix, c11, c11, 0.1);
+    set(*matrix, c22, c22, 0.8);
+    set(*matrix, c11, c22, 0.05);
+  }
+  return weave;
+}
+
+/// The published trend of glass fabrics: a tenth of the strength per decade at ratio 0.1.
+std::vector<kx::SnRecord> trend(double angle) {
+  std::vector<kx::SnRecord> records;
+  for (int decade = 2; decade <= 6; ++decade) {
+    records.push_back({kGlassFabric.ultimate.tension * (1.0 - 0.1 * decade),
+                       std::pow(10.0, decade),
+                       5.0,
+                       angle,
+                       0.1});
+  }
+  return records;
+}
+
+TEST(PlainWeaveFatigue, ChainsWeaveTowAndMatrix) {
+  const auto stress = kx::towMatrixStress(decomposition());
+  EXPECT_NEAR(stress.fillAlong, 0.1 * 1.6 + 0.05 * 0.02, 1e-15);
+  EXPECT_NEAR(stress.warpAlong, 0.1 * 1.5, 1e-15);
+  EXPECT_NEAR(stress.warpAcross, 0.8 * 0.6, 1e-15);
+}
+
+TEST(PlainWeaveFatigue, SlopeOfGlassFabricsIsMet) {
+  const auto fit =
+      kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, decomposition());
+  const double matrix = kx::towMatrixStress(decomposition()).fillAlong;
+  const auto decades = [&](double fraction) {
+    return kx::lnTimeToFailure(fit.longitudinal.constants,
+                               {fraction * 400e6 * matrix, 0.1, kTemperature}) /
+           std::log(10.0);
+  };
+  const double slope = 0.3 / (decades(0.45) - decades(0.75));  // of the strength per decade
+  // the range of published slopes
+  EXPECT_GT(slope, 0.08);
+  EXPECT_LT(slope, 0.13);
+  EXPECT_LT(fit.longitudinal.finalError, 0.2);
+}
+
+TEST(PlainWeaveFatigue, KneeStrengthAnchorsTheTransverseDirection) {
+  const auto fit =
+      kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, decomposition());
+  const double matrix = kx::towMatrixStress(decomposition()).warpAcross;
+  EXPECT_NEAR(
+      kx::rampStrength(fit.transverse.constants, kTemperature) / (180e6 * matrix), 1.0, 1e-9);
+}
+
+TEST(PlainWeaveFatigue, BalancedWeaveLivesAlikeAlongFillAndWarp) {
+  auto weave = decomposition();
+  set(weave.warp, c22, c22, 1.6);
+  set(weave.warp, c11, c22, 0.02);
+  const auto fill = kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, weave);
+  const auto warp = kx::fitPlainWeaveFatigue(trend(90.0), kTemperature, kGlassFabric, weave);
+  EXPECT_NEAR(
+      warp.longitudinal.constants.breakingEnergy / fill.longitudinal.constants.breakingEnergy,
+      1.0,
+      1e-9);
+}
+
+TEST(PlainWeaveFatigue, ObliqueRecordsSetTheTransverseDirection) {
+  const auto axial =
+      kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, decomposition());
+  auto records = trend(0.0);
+  for (int decade = 3; decade <= 6; ++decade) {
+    records.push_back({90e6 * (1.0 - 0.1 * decade), std::pow(10.0, decade), 5.0, 45.0, 0.1});
+  }
+  const auto both = kx::fitPlainWeaveFatigue(records, kTemperature, kGlassFabric, decomposition());
+  EXPECT_EQ(both.longitudinal.constants.breakingEnergy,
+            axial.longitudinal.constants.breakingEnergy);
+  EXPECT_NE(both.transverse.constants.breakingEnergy, axial.transverse.constants.breakingEnergy);
+  EXPECT_LT(both.transverse.finalError, 0.5);
+}
+
+TEST(PlainWeaveFatigue, MissingKneeFallsBackOnTheUltimateStrength) {
+  auto strengths = kGlassFabric;
+  strengths.knee = {0.0, 0.0};
+  const auto fit = kx::fitPlainWeaveFatigue({}, kTemperature, strengths, decomposition());
+  const double matrix = kx::towMatrixStress(decomposition()).warpAcross;
+  EXPECT_NEAR(
+      kx::rampStrength(fit.transverse.constants, kTemperature) / (400e6 * matrix), 1.0, 1e-9);
+}
+
+TEST(PlainWeaveFatigue, DecompositionThatIsNoneGivesZeros) {
+  kx::WeaveDecomposition weave;
+  EXPECT_EQ(kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, weave)
+                .longitudinal.constants.breakingEnergy,
+            0.0);
+  weave.fill.fill(std::numeric_limits<double>::quiet_NaN());
+  EXPECT_EQ(kx::fitPlainWeaveFatigue(trend(90.0), kTemperature, kGlassFabric, weave)
+                .longitudinal.constants.breakingEnergy,
+            0.0);
+}
+
+}  // namespace
