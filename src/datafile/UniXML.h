@@ -1,0 +1,29 @@
+#ifndef LAMCRAFT_DATAFILE_UNIXML_H
+#define LAMCRAFT_DATAFILE_UNIXML_H
+
+#include "datafile/MaterialXML.h"
+
+namespace lamcraft {
+
+/// The data files of a unidirectional composite.
+class UniXML : public MaterialXML {
+ public:
+  using MaterialXML::MaterialXML;
+
+  /// Strengths, fatigue tests, critical invariants, fracture and cohesive properties, nonlinear
+  /// shear.
+  void writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) override;
+
+  /// The matrix and the fiber.
+  void writeConstituentBlocks(TiXmlElement& element, const EnvironmentRecord& environment) override;
+
+ private:
+  void writeConstituent(TiXmlElement& element,
+                        const char* name,
+                        const PropertySet& properties,
+                        const EnvironmentRecord& environment) const;
+};
+
+}  // namespace lamcraft
+
+#endif

@@ -1,0 +1,31 @@
+#ifndef LAMCRAFT_DATAFILE_WEAVEXML_H
+#define LAMCRAFT_DATAFILE_WEAVEXML_H
+
+#include <vector>
+
+#include "composite/model/DamageStateRecord.h"
+#include "datafile/MaterialXML.h"
+
+namespace lamcraft {
+
+/// The data files of a woven composite: every constituent with one property set and one stress and
+/// strain decomposition for each damage state.
+class WeaveXML : public MaterialXML {
+ public:
+  using MaterialXML::MaterialXML;
+
+  /// Property sets of the damage states from the second on (the environment's own is the first),
+  /// strengths, fatigue tests, nonlinear shear.
+  void writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) override;
+
+  /// Matrix pocket, fill and warp with what they are made of, and the interface.
+  void writeConstituentBlocks(TiXmlElement& element, const EnvironmentRecord& environment) override;
+
+ private:
+  [[nodiscard]] const std::vector<DamageStateRecord>& states(
+      const EnvironmentRecord& environment) const noexcept;
+};
+
+}  // namespace lamcraft
+
+#endif

@@ -1,0 +1,35 @@
+#ifndef LAMCRAFT_DATAFILE_XMLELEMENTS_H
+#define LAMCRAFT_DATAFILE_XMLELEMENTS_H
+
+#include <cstdint>
+
+#include <tinyxml.h>
+
+#include "composite/model/PropertySet.h"
+#include "variation/VariableProperty.h"
+
+/// The elements that all blocks of a data file are made of.
+namespace lamcraft::xml {
+
+/// Appends an empty element as the last child; the parent owns it.
+TiXmlElement& appendElement(TiXmlNode& parent, const char* tag);
+
+/// Sets an attribute to a number of the data files' format.
+void setNumber(TiXmlElement& element, const char* attribute, double value);
+
+/// Appends <tag value="..."/> with a number.
+void appendNumber(TiXmlNode& parent, const char* tag, double value);
+
+/// Appends <tag value="..."/> with an integer.
+void appendInteger(TiXmlNode& parent, const char* tag, std::int32_t value);
+
+/// Appends a property: the bare value, or, when it is varied, value, range and the five
+/// distributions.
+void appendProperty(TiXmlNode& parent, const char* tag, const VariableProperty& property);
+
+/// Appends <props set="..."> with the twelve properties.
+void appendPropertySet(TiXmlNode& parent, std::int32_t set, const PropertySet& properties);
+
+}  // namespace lamcraft::xml
+
+#endif
