@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,13 +14,16 @@ namespace abqinp {
 /// The data lines of one keyword, kept as one text; a line is cut into its values on access.
 ///
 /// The values of a line are what stands between its commas, so "1,2," has three and the blank line
-/// none. Memory: the text of the lines and one byte more for each line.
+/// none. Memory: the text of the lines, if it is not shared, and one byte more for each line.
 class DataLines {
  public:
-  /// Appends a normalized line; it must not hold a line feed.
+  DataLines() = default;
+  /// The lines in [begin, end) of a text, each of which ends with a line feed. They are not copied,
+  /// the text lives on.
+  DataLines(std::shared_ptr<const std::string> text, std::size_t begin, std::size_t end);
+
+  /// Appends a normalized line; it must not hold a line feed. Lines of a shared text are copied.
   void add(std::string_view line);
-  /// Removes the lines without values that stand behind the last line with values.
-  void dropTrailingBlankLines();
 
   [[nodiscard]] std::size_t count() const noexcept { return count_; }
   /// The line's text. Raises std::out_of_range ("Requested line does not exist").
@@ -31,8 +35,14 @@ class DataLines {
   void write(std::ostream& out) const;
 
  private:
-  std::string text_;                 // each line with its line feed
-  std::vector<std::size_t> starts_;  // where every eighth line starts in text_
+  [[nodiscard]] std::string_view text() const noexcept;
+  void noteLine(std::size_t start);
+
+  std::shared_ptr<const std::string> shared_;  // null when the text is own_
+  std::size_t begin_ = 0;                      // of the lines in the shared text
+  std::size_t end_ = 0;
+  std::string own_;
+  std::vector<std::size_t> starts_;  // where every eighth line starts in text()
   std::size_t count_ = 0;
 };
 

@@ -1,45 +1,93 @@
 #include "abqinp/DeckBlocks.h"
 
-#include <algorithm>
 #include <ostream>
-#include <utility>
 
 namespace abqinp {
+namespace {
+
+void appendLine(std::string& text, const std::string_view line) {
+  text.append(line);
+  text.push_back('\n');
+}
+
+/// Cuts the first line off `lines`.
+std::string_view takeLine(std::string_view& lines) noexcept {
+  const std::string_view line = lines.substr(0, lines.find('\n'));
+  lines.remove_prefix(line.size() + 1);
+  return line;
+}
+
+}  // namespace
 
 void DeckBlocks::addComment(const std::string_view text) {
-  commentText_.append(text);
-  commentText_.push_back('\n');
+  appendLine(commentText_, text);
   ++comments_;
 }
 
-void DeckBlocks::addKeyword(Keyword&& keyword) {
-  keywords_.push_back({std::move(keyword), comments_, commentText_.size()});
+void DeckBlocks::addKeyword(const std::string_view line) {
+  dropTrailingBlankLines();
+  keywords_.push_back({keywordText_.size(), dataText_->size(), commentText_.size()});
+  appendLine(keywordText_, line);
 }
 
-std::optional<Keyword> DeckBlocks::takeLastKeyword() {
-  if (keywords_.empty()) {
-    return std::nullopt;
+void DeckBlocks::addParameterLine(const std::string_view line) {
+  if (moveLastBehindComments()) {
+    appendLine(keywordText_, line);
   }
-  std::optional<Keyword> keyword(std::move(keywords_.back().keyword));
-  keywords_.pop_back();
-  return keyword;
+}
+
+void DeckBlocks::addDataLine(const std::string_view line) {
+  if (moveLastBehindComments()) {
+    appendLine(*dataText_, line);
+  }
+}
+
+bool DeckBlocks::moveLastBehindComments() noexcept {
+  if (keywords_.empty()) {
+    return false;
+  }
+  keywords_.back().commentText = commentText_.size();
+  return true;
 }
 
 void DeckBlocks::dropTrailingBlankLines() {
-  for (StoredKeyword& stored : keywords_) {
-    stored.keyword.dropTrailingBlankLines();
+  const std::size_t start = keywords_.empty() ? 0 : keywords_.back().dataText;
+  std::size_t end = dataText_->size();
+  while (end > start && (end - start == 1 || (*dataText_)[end - 2] == '\n')) {
+    --end;
   }
+  dataText_->resize(end);
 }
 
 std::size_t DeckBlocks::count(const std::string_view name) const {
   if (name.empty()) {
     return comments_;
   }
-  const auto found =
-      std::count_if(keywords_.begin(), keywords_.end(), [name](const StoredKeyword& stored) {
-        return stored.keyword.name() == name;
-      });
-  return static_cast<std::size_t>(found);
+  std::size_t found = 0;
+  for (std::size_t i = 0; i < keywords_.size(); ++i) {
+    std::string_view lines = keywordLines(i);
+    found += Keyword::nameOf(takeLine(lines)) == name ? 1 : 0;
+  }
+  return found;
+}
+
+std::string_view DeckBlocks::keywordLines(const std::size_t index) const {
+  const std::size_t start = keywords_[index].keywordText;
+  const bool isLast = index + 1 == keywords_.size();
+  const std::size_t end = isLast ? keywordText_.size() : keywords_[index + 1].keywordText;
+  return std::string_view(keywordText_).substr(start, end - start);
+}
+
+Keyword DeckBlocks::keyword(const std::size_t index) const {
+  const bool isLast = index + 1 == keywords_.size();
+  const std::size_t dataEnd = isLast ? dataText_->size() : keywords_[index + 1].dataText;
+  std::string_view lines = keywordLines(index);
+  Keyword keyword =
+      Keyword::fromLine(takeLine(lines), DataLines(dataText_, keywords_[index].dataText, dataEnd));
+  while (!lines.empty()) {
+    keyword.addParameters(takeLine(lines));
+  }
+  return keyword;
 }
 
 void DeckBlocks::write(std::ostream& out, const bool inWrittenOrder) const {
@@ -48,27 +96,28 @@ void DeckBlocks::write(std::ostream& out, const bool inWrittenOrder) const {
     out.write(commentText_.data() + written, static_cast<std::streamsize>(end - written));
     written = end;
   };
-  for (const StoredKeyword& stored : keywords_) {
-    writeCommentsTo(stored.commentTextBefore);
-    stored.keyword.write(out, inWrittenOrder);
+  for (std::size_t i = 0; i < keywords_.size(); ++i) {
+    writeCommentsTo(keywords_[i].commentText);
+    keyword(i).write(out, inWrittenOrder);
   }
   writeCommentsTo(commentText_.size());
 }
 
-const Keyword* DeckBlocks::next(Place& place, Keyword& comment) const {
+bool DeckBlocks::next(Place& place, Keyword& block) const {
   const bool hasKeyword = place.keywords < keywords_.size();
-  if (hasKeyword && keywords_[place.keywords].commentsBefore == place.comments) {
-    return &keywords_[place.keywords++].keyword;
+  if (hasKeyword && keywords_[place.keywords].commentText == place.commentText) {
+    block = keyword(place.keywords++);
+    return true;
   }
   if (place.comments == comments_) {
-    return nullptr;
+    return false;
   }
-  const std::size_t end = commentText_.find('\n', place.commentText);
-  comment = Keyword::fromComment(
-      std::string_view(commentText_).substr(place.commentText, end - place.commentText));
-  place.commentText = end + 1;
+  std::string_view rest = std::string_view(commentText_).substr(place.commentText);
+  const std::string_view text = takeLine(rest);
+  block = Keyword::fromComment(text);
+  place.commentText += text.size() + 1;
   ++place.comments;
-  return &comment;
+  return true;
 }
 
 }  // namespace abqinp

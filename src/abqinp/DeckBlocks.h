@@ -3,7 +3,7 @@
 
 #include <cstddef>
 #include <iosfwd>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,15 +14,21 @@ namespace abqinp {
 
 /// The blocks of a deck in stored order: keywords, and the comments between them.
 ///
-/// Comments keep the order in which they are added, so that they are one text, and each keyword
-/// knows how much of it stands before it. A walk makes a comment's block when it reaches it.
+/// A deck is kept as three texts, of its keyword lines, its data lines and its comments. Only the
+/// last keyword can grow, so that everything is added at an end, and a keyword that goes on behind
+/// a comment needs no more than a new place among the comments. A walk makes each block when it
+/// reaches it. Memory: the normalized deck and 24 bytes for each keyword.
 class DeckBlocks {
  public:
   void addComment(std::string_view text);
-  void addKeyword(Keyword&& keyword);
-  /// Takes the last keyword out again, whatever comments stand behind it; none without keywords.
-  std::optional<Keyword> takeLastKeyword();
-  /// Removes the blank lines that end the keywords' data.
+  /// Adds the keyword of a normalized line, whose name must not be empty. The blank lines that end
+  /// the data of the keyword before it go.
+  void addKeyword(std::string_view line);
+  /// Adds a normalized line to the last keyword, and moves that keyword behind all comments that
+  /// there are; does nothing when there is no keyword.
+  void addParameterLine(std::string_view line);
+  void addDataLine(std::string_view line);
+  /// Removes the blank lines that end the last keyword's data.
   void dropTrailingBlankLines();
 
   /// The number of blocks, comments included.
@@ -39,20 +45,27 @@ class DeckBlocks {
     std::size_t comments = 0;
     std::size_t commentText = 0;
   };
-  /// The block behind `place`, which moves behind it; null at the end. A comment's block is built
-  /// in `comment`.
-  const Keyword* next(Place& place, Keyword& comment) const;
+  /// Makes the block behind `place`, which moves behind it; false at the end. A keyword shares its
+  /// data with the deck.
+  bool next(Place& place, Keyword& block) const;
 
  private:
-  struct StoredKeyword {
-    Keyword keyword;
-    std::size_t commentsBefore;
-    std::size_t commentTextBefore;
+  /// Where a keyword's lines start in their texts, and where the comments before it end in theirs.
+  struct Start {
+    std::size_t keywordText;
+    std::size_t dataText;
+    std::size_t commentText;
   };
+  bool moveLastBehindComments() noexcept;
+  [[nodiscard]] std::string_view keywordLines(std::size_t index) const;
+  [[nodiscard]] Keyword keyword(std::size_t index) const;
 
-  std::vector<StoredKeyword> keywords_;
-  std::string commentText_;  // each comment with a line feed
+  std::vector<Start> keywords_;
   std::size_t comments_ = 0;
+  // Each line with its line feed.
+  std::string keywordText_;
+  std::string commentText_;
+  std::shared_ptr<std::string> dataText_ = std::make_shared<std::string>();
 };
 
 }  // namespace abqinp

@@ -1,6 +1,5 @@
 #include "abqinp/DeckParser.h"
 
-#include <optional>
 #include <utility>
 
 #include "abqinp/Normalisation.h"
@@ -9,59 +8,31 @@ namespace abqinp {
 
 void DeckParser::addLine(const std::string_view line) {
   if (isCommentLine(line)) {
-    addComment(line);
+    blocks_.addComment(withoutCarriageReturn(line));
     return;
   }
   normalise(line, normalised_);
-  if (!normalised_.empty() && normalised_.front() == '*') {
-    addKeywordLine();
-  } else {
-    addFollowingLine();
+  addNormalised();
+}
+
+void DeckParser::addNormalised() {
+  const bool isKeyword = !normalised_.empty() && normalised_.front() == '*';
+  if (!isKeyword && !isContinued_) {
+    blocks_.addDataLine(normalised_);
+    return;
+  }
+  isContinued_ = !normalised_.empty() && normalised_.back() == ',';
+  if (!isKeyword) {
+    blocks_.addParameterLine(normalised_);
+  } else if (!Keyword::nameOf(normalised_).empty()) {
+    // A keyword without a name is none: what follows it still belongs to the keyword before.
+    blocks_.addKeyword(normalised_);
   }
 }
 
 DeckBlocks DeckParser::finish() {
-  storeCurrent();
   blocks_.dropTrailingBlankLines();
   return std::move(blocks_);
-}
-
-void DeckParser::addComment(const std::string_view line) {
-  storeCurrent();
-  blocks_.addComment(withoutCarriageReturn(line));
-}
-
-void DeckParser::addKeywordLine() {
-  storeCurrent();
-  current_ = Keyword::fromLine(normalised_);
-  isContinued_ = endsWithComma();
-}
-
-void DeckParser::addFollowingLine() {
-  if (current_.name().empty()) {
-    // A comment came in between: the keyword goes on, and is stored after the comment.
-    current_ = blocks_.takeLastKeyword().value_or(Keyword());
-  }
-  const bool hasKeyword = !current_.name().empty();
-  if (isContinued_) {
-    isContinued_ = endsWithComma();
-    if (hasKeyword) {
-      current_.addParameters(normalised_);
-    }
-  } else if (hasKeyword) {
-    current_.addDataLine(normalised_);
-  }
-}
-
-void DeckParser::storeCurrent() {
-  if (!current_.name().empty()) {
-    blocks_.addKeyword(std::move(current_));
-  }
-  current_ = Keyword();
-}
-
-bool DeckParser::endsWithComma() const noexcept {
-  return !normalised_.empty() && normalised_.back() == ',';
 }
 
 }  // namespace abqinp

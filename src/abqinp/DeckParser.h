@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "abqinp/DeckBlocks.h"
-#include "abqinp/Keyword.h"
 
 namespace abqinp {
 
@@ -19,14 +18,9 @@ class DeckParser {
   DeckBlocks finish();
 
  private:
-  void addComment(std::string_view line);
-  void addKeywordLine();
-  void addFollowingLine();
-  void storeCurrent();
-  [[nodiscard]] bool endsWithComma() const noexcept;
+  void addNormalised();
 
   DeckBlocks blocks_;
-  Keyword current_;
   bool isContinued_ = false;  // the last keyword line or continuation ended with a comma
   std::string normalised_;    // the line at hand
 };

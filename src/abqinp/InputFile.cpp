@@ -36,16 +36,15 @@ void InputFile::read(const std::string& path) {
 
 void InputFile::restart() noexcept {
   place_ = DeckBlocks::Place();
-  current_ = nullptr;
+  isAtBlock_ = false;
 }
 
 bool InputFile::nextKeyword() {
-  current_ = blocks_.next(place_, comment_);
-  if (current_ == nullptr) {
-    return false;
+  isAtBlock_ = blocks_.next(place_, current_);
+  if (isAtBlock_) {
+    requireIndex(place_.keywords + place_.comments - 1);
   }
-  requireIndex(place_.keywords + place_.comments - 1);
-  return true;
+  return isAtBlock_;
 }
 
 void InputFile::write(const std::string& path, const bool inWrittenOrder) const {

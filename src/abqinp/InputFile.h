@@ -18,7 +18,7 @@ namespace abqinp {
 class InputFile {
  public:
   InputFile() = default;
-  InputFile(const InputFile&) = delete;  // the current block points into its own
+  InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
   virtual ~InputFile() = default;
 
@@ -34,7 +34,9 @@ class InputFile {
   bool nextKeyword();
   /// The block at the cursor, null before the first and past the last; valid until the cursor
   /// moves.
-  [[nodiscard]] const Keyword* currentKeyword() const noexcept { return current_; }
+  [[nodiscard]] const Keyword* currentKeyword() const noexcept {
+    return isAtBlock_ ? &current_ : nullptr;
+  }
 
   /// The number of blocks, comments included.
   [[nodiscard]] std::size_t countKeywords() const noexcept { return blocks_.count(); }
@@ -54,8 +56,8 @@ class InputFile {
  private:
   DeckBlocks blocks_;
   DeckBlocks::Place place_;  // behind the current block
-  Keyword comment_;          // the current block when that is a comment
-  const Keyword* current_ = nullptr;
+  Keyword current_;
+  bool isAtBlock_ = false;
 };
 
 }  // namespace abqinp

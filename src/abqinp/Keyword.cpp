@@ -16,12 +16,16 @@ Keyword Keyword::fromComment(const std::string_view text) {
   return keyword;
 }
 
-Keyword Keyword::fromLine(const std::string_view line) {
+Keyword Keyword::fromLine(const std::string_view line, DataLines data) {
   Keyword keyword;
-  const std::size_t comma = std::min(line.find(','), line.size());
-  keyword.name_ = line.substr(1, comma - 1);
-  keyword.parameters_.addLine(line.substr(std::min(comma + 1, line.size())));
+  keyword.name_ = nameOf(line);
+  keyword.parameters_.addLine(line.substr(std::min(keyword.name_.size() + 2, line.size())));
+  keyword.data_ = std::move(data);
   return keyword;
+}
+
+std::string_view Keyword::nameOf(const std::string_view line) {
+  return line.substr(1, std::min(line.find(','), line.size()) - 1);
 }
 
 bool Keyword::hasParameter(const std::string_view name) const {

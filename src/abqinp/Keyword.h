@@ -28,14 +28,14 @@ class Keyword {
   /// The block of a comment line, kept as it was read.
   static Keyword fromComment(std::string_view text);
   /// The block of a normalized keyword line, "*NAME" and its parameters.
-  static Keyword fromLine(std::string_view line);
+  static Keyword fromLine(std::string_view line, DataLines data = {});
+  /// The name in a normalized keyword line: from behind its "*" to its first comma or its end.
+  static std::string_view nameOf(std::string_view line);
 
   /// Adds the parameters of a normalized line that continues the keyword line.
   void addParameters(std::string_view line) { parameters_.addLine(line); }
   /// Adds a normalized data line; an empty one is a blank line.
   void addDataLine(std::string_view line) { data_.add(line); }
-  /// Removes the blank lines behind the last data line that has a value.
-  void dropTrailingBlankLines() { data_.dropTrailingBlankLines(); }
 
   /// The name without the leading "*"; empty for a comment.
   [[nodiscard]] const std::string& name() const noexcept { return name_; }

@@ -1,5 +1,6 @@
 #include "abqinp/DataLines.h"
 
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -64,32 +65,39 @@ TEST(DataLines, RefusesALineThatDoesNotExist) {
   }
 }
 
-TEST(DataLines, DropsBlankLinesAtTheEndOnly) {
-  DataLines data = linesOf({"", "1", "", "", "2", "", "", "", "", "", "", "", "", ""});
-  data.dropTrailingBlankLines();
-  ASSERT_EQ(data.count(), 5U);
-  EXPECT_EQ(data.line(0), "");
-  EXPECT_EQ(data.line(3), "");
-  EXPECT_EQ(data.line(4), "2");
-  data.dropTrailingBlankLines();
-  EXPECT_EQ(data.count(), 5U);
-  data.add("3");
-  EXPECT_EQ(data.line(5), "3");
+TEST(DataLines, SharesThePartOfAText) {
+  const auto text = std::make_shared<std::string>("0\n1,2\n\n3\n4\n");
+  const DataLines data(text, 2, 9);
+  ASSERT_EQ(data.count(), 3U);
+  EXPECT_EQ(data.line(0), "1,2");
+  EXPECT_EQ(data.line(1), "");
+  EXPECT_EQ(data.line(2), "3");
+  EXPECT_EQ(data.line(0).data(), text->data() + 2);
+  EXPECT_EQ(DataLines(text, 9, 9).count(), 0U);
 }
 
-TEST(DataLines, DropsEverythingWhenAllLinesAreBlank) {
-  DataLines data = linesOf({"", "", ""});
-  data.dropTrailingBlankLines();
-  EXPECT_EQ(data.count(), 0U);
-  DataLines none;
-  none.dropTrailingBlankLines();
-  EXPECT_EQ(none.count(), 0U);
+TEST(DataLines, OutlivesTheOwnerOfItsText) {
+  auto text = std::make_shared<std::string>("1\n");
+  const DataLines data(text, 0, 2);
+  text.reset();
+  EXPECT_EQ(data.line(0), "1");
 }
 
-TEST(DataLines, KeepsALineOfEmptyValues) {
-  DataLines data = linesOf({"1", ","});
-  data.dropTrailingBlankLines();
-  EXPECT_EQ(data.count(), 2U);
+TEST(DataLines, CopiesASharedTextWhenALineIsAdded) {
+  std::string lines;
+  for (int i = 0; i < 20; ++i) {
+    lines += std::to_string(i) + "\n";
+  }
+  const auto text = std::make_shared<std::string>("X\n" + lines + "Y\n");
+  DataLines data(text, 2, text->size() - 2);
+  const DataLines before = data;
+  data.add("20");
+  ASSERT_EQ(data.count(), 21U);
+  for (std::size_t i = 0; i < 21; ++i) {
+    EXPECT_EQ(data.line(i), std::to_string(i));
+  }
+  EXPECT_EQ(before.count(), 20U);
+  EXPECT_EQ(*text, "X\n" + lines + "Y\n");
 }
 
 TEST(DataLines, WritesABlankAfterEachComma) {

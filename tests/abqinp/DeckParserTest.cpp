@@ -23,9 +23,9 @@ std::vector<Keyword> blocksOf(const std::string& deck) {
   const DeckBlocks blocks = parser.finish();
   std::vector<Keyword> all;
   DeckBlocks::Place place;
-  Keyword comment;
-  while (const Keyword* const block = blocks.next(place, comment)) {
-    all.push_back(*block);
+  Keyword block;
+  while (blocks.next(place, block)) {
+    all.push_back(block);
   }
   return all;
 }

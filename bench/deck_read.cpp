@@ -1,0 +1,52 @@
+// Reading decks: bytes per second, and time against size.
+
+#include <benchmark/benchmark.h>
+
+#include "SampleDeck.h"
+#include "abqinp/InputFile.h"
+
+namespace {
+
+void readDeck(benchmark::State& state, const DeckKind kind) {
+  const SampleDeck sample(kind, static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    abqinp::InputFile deck;
+    deck.read(sample.path());
+    benchmark::DoNotOptimize(deck.countKeywords());
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(sample.size()));
+  state.SetComplexityN(state.range(0));
+}
+
+void readNumbers(benchmark::State& state) {
+  const SampleDeck sample(DeckKind::data, static_cast<std::size_t>(state.range(0)));
+  abqinp::InputFile deck;
+  deck.read(sample.path());
+  while (deck.nextKeyword() && deck.currentKeyword()->name() != "SNDATA") {
+  }
+  const abqinp::Keyword& keyword = *deck.currentKeyword();
+  for (auto _ : state) {
+    double sum = 0.0;
+    for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
+      for (std::size_t column = 0; column < 5; ++column) {
+        sum += keyword.doubleValue(line, column, 0.0);
+      }
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(sample.size()));
+  state.SetComplexityN(state.range(0));
+}
+
+void sizes(benchmark::internal::Benchmark* const benchmark) {
+  benchmark->ArgName("bytes")->Arg(1 << 17)->Arg(1 << 20)->Arg(1 << 23)->Arg(1 << 26);
+  benchmark->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+}
+
+BENCHMARK_CAPTURE(readDeck, data, DeckKind::data)->Apply(sizes);
+BENCHMARK_CAPTURE(readDeck, comments, DeckKind::comments)->Apply(sizes);
+BENCHMARK_CAPTURE(readDeck, mixed, DeckKind::mixed)->Apply(sizes);
+BENCHMARK_CAPTURE(readDeck, keywords, DeckKind::keywords)->Apply(sizes);
+BENCHMARK(readNumbers)->Apply(sizes);
+
+}  // namespace
