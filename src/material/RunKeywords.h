@@ -1,0 +1,18 @@
+#ifndef LAMCRAFT_MATERIAL_RUNKEYWORDS_H
+#define LAMCRAFT_MATERIAL_RUNKEYWORDS_H
+
+#include "material/Material.h"
+
+/// Handlers of the keywords that steer the run.
+namespace lamcraft::keywords {
+
+/// SOLVE: parent folder of the material folder, and the maximum errors, which the library gets at
+/// once.
+void onSolve(Material& material);
+
+/// FATIGUE: decks may carry it; it means nothing.
+void onFatigue(Material& material);
+
+}  // namespace lamcraft::keywords
+
+#endif
