@@ -1,9 +1,10 @@
 #include "driver/Run.h"
 
-#include "abqinp/InputFile.h"
 #include "console/Messages.h"
 #include "console/Output.h"
 #include "driver/Localization.h"
+#include "driver/Phases.h"
+#include "material/Material.h"
 
 namespace lamcraft::driver {
 
@@ -26,8 +27,15 @@ ExitCode run(int count, const char* const* arguments) {
     printUsage(count > 0 ? arguments[0] : "");
     return ExitCode::success;
   }
-  abqinp::InputFile deck;
-  return runParse([&] { deck.read(arguments[1]); });
+  Material material;
+  if (count > 2) {
+    material.setResultsDirectory(arguments[2]);
+  }
+  const ExitCode parsed = runParse([&] { material.read(arguments[1]); });
+  if (parsed != ExitCode::success) {
+    return parsed;
+  }
+  return runCreate([&] { material.create(); });
 }
 
 }  // namespace lamcraft::driver
