@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 const fs::path kRoot = fs::path(LAMCRAFT_TEST_DATA).parent_path();
 
-using Entry = std::pair<std::string, std::string>;  // text, translation
+using Entry = std::pair<std::string, std::string>;  // text, then translation or name
 
 std::vector<std::smatch> matchesOf(const std::string& text, const std::regex& pattern) {
   return {std::sregex_iterator(text.begin(), text.end(), pattern), {}};
@@ -34,20 +34,21 @@ std::string unquoted(const std::string& literals) {
   return text;
 }
 
-/// Name and text of every message in the code.
+/// Text and name of every message in the code.
 std::vector<Entry> messages() {
   static const std::regex kConstant(R"re((k\w+) =\s*((?:L"(?:[^"\\]|\\.)*"\s*)+);)re");
   const std::string header = test::contentOf(kRoot / "src/console/Messages.h");
   std::vector<Entry> found;
   for (const auto& constant : matchesOf(header, kConstant)) {
-    found.emplace_back(constant[1], unquoted(constant[2]));
+    found.emplace_back(unquoted(constant[2]), constant[1]);
   }
   return found;
 }
 
-std::vector<std::string> messageTexts() {
+std::vector<std::string> textsOf(const std::vector<Entry>& entries) {
   std::vector<std::string> texts;
-  for (const auto& message : messages()) texts.push_back(message.second);
+  texts.reserve(entries.size());
+  for (const auto& entry : entries) texts.push_back(entry.first);
   return texts;
 }
 
@@ -62,12 +63,6 @@ std::vector<Entry> catalogue(const fs::path& file) {
   }
   if (!entries.empty() && entries.front().first.empty()) entries.erase(entries.begin());
   return entries;
-}
-
-std::vector<std::string> textsOf(const std::vector<Entry>& entries) {
-  std::vector<std::string> texts;
-  for (const auto& entry : entries) texts.push_back(entry.first);
-  return texts;
 }
 
 /// The .po files, one folder a language.
@@ -88,18 +83,18 @@ TEST(Catalogues, HeaderIsReadWhole) {
   const std::string header = test::contentOf(kRoot / "src/console/Messages.h");
   const auto declared = matchesOf(header, std::regex("constexpr const wchar_t\\* k"));
   EXPECT_EQ(messages().size(), declared.size());
-  EXPECT_THAT(messageTexts(), testing::Contains("FATAL ERROR: Malformed input file: "));
+  EXPECT_THAT(textsOf(messages()), testing::Contains("FATAL ERROR: Malformed input file: "));
 }
 
 TEST(Catalogues, TemplateHoldsTheMessagesOfTheCode) {
-  EXPECT_EQ(textsOf(catalogue(kRoot / "locale/cvqt.pot")), messageTexts());
+  EXPECT_EQ(textsOf(catalogue(kRoot / "locale/cvqt.pot")), textsOf(messages()));
 }
 
 TEST(Catalogues, EveryLanguageTranslatesTheMessagesOfTheCodeAndNoOthers) {
   ASSERT_FALSE(catalogueFiles().empty());
   for (const fs::path& file : catalogueFiles()) {
     SCOPED_TRACE(file.string());
-    EXPECT_THAT(textsOf(catalogue(file)), testing::UnorderedElementsAreArray(messageTexts()));
+    EXPECT_THAT(textsOf(catalogue(file)), testing::UnorderedElementsAreArray(textsOf(messages())));
     EXPECT_EQ(test::contentOf(file).find("fuzzy"), std::string::npos);
     for (const auto& [text, translation] : catalogue(file)) {
       ASSERT_FALSE(translation.empty()) << text;

@@ -16,7 +16,7 @@ const std::string kProgram = LAMCRAFT_PROGRAM;
 
 /// Runs the program under the locale `locale`; it must leave the standard error stream alone.
 ProcessResult run(const std::vector<std::string>& arguments, const std::string& locale = "C") {
-  const ProcessResult result = test::run({kProgram, arguments, {{"LC_ALL", locale}}});
+  ProcessResult result = test::run({kProgram, arguments, {{"LC_ALL", locale}}});
   EXPECT_EQ(result.err, "");
   return result;
 }

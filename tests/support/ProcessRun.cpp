@@ -42,13 +42,16 @@ std::vector<std::string> environmentOf(const ProcessRun& process) {
     const std::string name(text.substr(0, text.find('=')));
     if (!choosesLocale(name) && process.environment.count(name) == 0) entries.emplace_back(text);
   }
-  for (const auto& [name, value] : process.environment) entries.push_back(name + "=" + value);
+  for (const auto& [name, value] : process.environment) {
+    entries.push_back(std::string(name).append("=").append(value));
+  }
   return entries;
 }
 
 /// The texts as C wants them; they stay owned by `texts`.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
