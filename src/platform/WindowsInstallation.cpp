@@ -17,14 +17,14 @@ std::optional<std::wstring> installLocation() {
     return std::nullopt;
   }
   std::array<wchar_t, 1024> value{};
-  // The registry need not end a string with a null; the last character of the buffer is kept so.
   auto size = static_cast<DWORD>(sizeof(value));
   DWORD type = REG_NONE;
   const LSTATUS answer = RegQueryValueExW(
       key, L"InstallLocation", nullptr, &type, reinterpret_cast<BYTE*>(value.data()), &size);
   RegCloseKey(key);
-  if (answer != ERROR_SUCCESS || type != REG_SZ) return std::nullopt;
-  value.back() = L'\0';
+  const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
+  if (answer != ERROR_SUCCESS || !isText) return std::nullopt;
+  value.back() = L'\0';  // the registry need not end a text with a null
   return std::wstring(value.data());
 }
 

@@ -91,5 +91,20 @@ TEST(Program, ReportsADeckThatCannotBeOpened) {
   }
 }
 
+TEST(Program, FindsItsLibraryBesideItselfAndInTheLibFolder) {
+  namespace fs = std::filesystem;
+  for (const char* place : {"bin", "lib"}) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.path() / "bin");
+    fs::create_directory(folder.path() / "lib");
+    const fs::path library = LAMCRAFT_LIBRARY;
+    const std::string program = folder.file("bin/lamcraft");
+    fs::copy_file(kProgram, program);
+    EXPECT_NE(test::run({program, {}}).exitCode, 0) << "no library yet";
+    fs::copy_file(library, folder.path() / place / library.filename());
+    EXPECT_EQ(test::run({program, {}}).exitCode, 0) << place;
+  }
+}
+
 }  // namespace
 }  // namespace lamcraft
