@@ -6,6 +6,7 @@
 
 #include "datafile/ConstituentXML.h"
 #include "datafile/XmlElements.h"
+#include "datafile/XmlPrinting.h"
 
 namespace lamcraft {
 namespace {
@@ -59,6 +60,10 @@ void MaterialXML::writeDocument(const Composite& composite, const bool fatigueMo
     writeEnvironment(root, environment);
   }
   SaveFile();
+}
+
+void MaterialXML::Print(std::FILE* const file, const int /*depth*/) const {
+  xml::print(*this, file);
 }
 
 void MaterialXML::writeMaterial(TiXmlElement& root) const {

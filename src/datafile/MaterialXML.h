@@ -1,6 +1,7 @@
 #ifndef LAMCRAFT_DATAFILE_MATERIALXML_H
 #define LAMCRAFT_DATAFILE_MATERIALXML_H
 
+#include <cstdio>
 #include <string>
 
 #include <tinyxml.h>
@@ -30,6 +31,9 @@ class MaterialXML : public TiXmlDocument {
   /// looked at: a file cut short lacks its last end tag, so that no reader takes it for whole.
   /// fatigueMode: with the results that only the fatigue data file holds.
   void writeDocument(const Composite& composite, bool fatigueMode);
+
+  /// What SaveFile calls: the document's text, as TinyXML's own function gives it.
+  void Print(std::FILE* file, int depth = 0) const override;
 
  protected:
   /// The composite that is being written.

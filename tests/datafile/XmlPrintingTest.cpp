@@ -1,0 +1,79 @@
+#include "datafile/XmlPrinting.h"
+
+#include <cstdio>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "datafile/XmlElements.h"
+#include "datafile/XmlExpectation.h"
+
+namespace lamcraft::xml {
+namespace {
+
+template <typename Print>
+std::string printedBy(const Print& print) {
+  const std::string path = temporaryPath();
+  std::FILE* const file = std::fopen(path.c_str(), "w");
+  print(file);
+  std::fclose(file);
+  std::string content = contentOf(path);
+  std::remove(path.c_str());
+  return content;
+}
+
+/// TinyXML's own text and ours.
+testing::AssertionResult printsAlike(const TiXmlDocument& document) {
+  const std::string theirs = printedBy([&](std::FILE* const file) { document.Print(file, 0); });
+  const std::string ours = printedBy([&](std::FILE* const file) { print(document, file); });
+  if (theirs.empty() || theirs != ours) {
+    return testing::AssertionFailure() << "TinyXML:\n" << theirs << "\nours:\n" << ours;
+  }
+  return testing::AssertionSuccess();
+}
+
+TEST(XmlPrinting, LaysElementsOutAsTinyXmlDoes) {
+  TiXmlDocument document;
+  document.LinkEndChild(new TiXmlDeclaration("1.0", "utf-8", "yes"));
+  TiXmlElement& root = appendElement(document, "root");
+  root.SetAttribute("a", "1");
+  root.SetAttribute("b", 2);
+  TiXmlElement& branch = appendElement(root, "branch");
+  appendNumber(branch, "leaf", -1.5);
+  setNumber(appendElement(appendElement(branch, "twig"), "leaf"), "x", 1e-200);
+  appendElement(root, "empty");
+  EXPECT_TRUE(printsAlike(document));
+}
+
+TEST(XmlPrinting, PrintsADocumentWithoutChildren) {
+  TiXmlDocument document;
+  document.LinkEndChild(new TiXmlDeclaration("1.0", "utf-8", "yes"));
+  appendElement(document, "root");
+  EXPECT_TRUE(printsAlike(document));
+}
+
+TEST(XmlPrinting, EscapesEveryByteAsTinyXmlDoes) {
+  TiXmlDocument document;
+  TiXmlElement& root = appendElement(document, "root");
+  for (int byte = 1; byte < 256; ++byte) {
+    TiXmlElement& element = appendElement(root, "byte");
+    const std::string text = std::string("x") + static_cast<char>(byte) + "y";
+    element.SetAttribute("value", text.c_str());
+  }
+  for (const char* const text : {"", "\"", "'", "\"'", "&#x41;", "&#x41", "a&#x", "&amp;", "<>"}) {
+    appendElement(root, "text").SetAttribute("value", text);
+  }
+  EXPECT_TRUE(printsAlike(document));
+}
+
+TEST(XmlPrinting, PrintsMoreThanItBuffers) {
+  TiXmlDocument document;
+  TiXmlElement& root = appendElement(document, "root");
+  for (int i = 0; i < 10'000; ++i) {
+    appendNumber(root, "number", i);
+  }
+  EXPECT_TRUE(printsAlike(document));
+}
+
+}  // namespace
+}  // namespace lamcraft::xml
