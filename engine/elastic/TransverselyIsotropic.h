@@ -1,6 +1,9 @@
 #ifndef KX_ELASTIC_TRANSVERSELYISOTROPIC_H
 #define KX_ELASTIC_TRANSVERSELYISOTROPIC_H
 
+#include <array>
+#include <cstddef>
+
 #include "elastic/Properties.h"
 
 namespace kx {
@@ -15,6 +18,32 @@ struct TransverselyIsotropicOf {
   Scalar a11{}, a22{};
 };
 using TransverselyIsotropic = TransverselyIsotropicOf<double>;
+
+/// The five elastic constants by name, for tables that walk over them.
+enum class ElasticConstant : std::size_t { e11, e22, v12, v23, g12 };
+
+inline constexpr std::size_t kElasticConstantCount = 5;
+
+/// The member that each ElasticConstant names.
+template <class Scalar>
+inline constexpr std::array<Scalar TransverselyIsotropicOf<Scalar>::*, kElasticConstantCount>
+    kElasticMembers{{
+        &TransverselyIsotropicOf<Scalar>::e11,
+        &TransverselyIsotropicOf<Scalar>::e22,
+        &TransverselyIsotropicOf<Scalar>::v12,
+        &TransverselyIsotropicOf<Scalar>::v23,
+        &TransverselyIsotropicOf<Scalar>::g12,
+    }};
+
+template <class Scalar>
+Scalar& constantOf(TransverselyIsotropicOf<Scalar>& solid, const ElasticConstant constant) {
+  return solid.*kElasticMembers<Scalar>[static_cast<std::size_t>(constant)];
+}
+template <class Scalar>
+const Scalar& constantOf(const TransverselyIsotropicOf<Scalar>& solid,
+                         const ElasticConstant constant) {
+  return solid.*kElasticMembers<Scalar>[static_cast<std::size_t>(constant)];
+}
 
 /// The stiffness of such a solid in Hill's moduli [Pa] (hill1964):
 ///   sig_11 = n e_11 + l (e_22 + e_33),  (sig_22 + sig_33)/2 = l e_11 + k (e_22 + e_33),

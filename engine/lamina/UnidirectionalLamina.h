@@ -1,6 +1,7 @@
 #ifndef KX_LAMINA_UNIDIRECTIONALLAMINA_H
 #define KX_LAMINA_UNIDIRECTIONALLAMINA_H
 
+#include <algorithm>
 #include <cmath>
 
 #include "elastic/TransverselyIsotropic.h"
@@ -71,43 +72,81 @@ void transverseShear(const HillModuliOf<Scalar>& fiber,
 template <class Scalar>
 void cylinderStrains(const HillModuliOf<Scalar>& fiber,
                      const HillModuliOf<Scalar>& matrix,
-                     const Scalar& thermalMismatch,
                      const double c,
                      UnidirectionalLaminaOf<Scalar>& lamina) {
   const double m = 1.0 - c;
   const Scalar bulk = 2.0 * (m * fiber.k + c * matrix.k + matrix.m);
   const Scalar axial = (matrix.l - fiber.l) / bulk;
-  const Scalar thermal = thermalMismatch / bulk;
   const Scalar shear = m * fiber.p + (1.0 + c) * matrix.p;
   lamina.fiber.axial = m * axial;
   lamina.fiber.dilatation = 2.0 * (matrix.k + matrix.m) / bulk;
-  lamina.fiber.thermal = m * thermal;
   lamina.fiber.axialShear = 2.0 * matrix.p / shear;
   lamina.matrix.axial = -c * axial;
   lamina.matrix.dilatation = 2.0 * (fiber.k + matrix.m) / bulk;
-  lamina.matrix.thermal = -c * thermal;
   lamina.matrix.axialShear = (fiber.p + matrix.p) / shear;
 }
 
-/// Effective expansions from the phases' strain concentrations, levin1967: the overall thermal
-/// stress is the mean of A^T beta.
+/// Volume mean of the phases' stiffness times their strain.
 template <class Scalar>
-void levinExpansion(const AxisymmetricThermalStressOf<Scalar>& fiber,
-                    const AxisymmetricThermalStressOf<Scalar>& matrix,
-                    const HillModuliOf<Scalar>& overall,
-                    const double c,
-                    UnidirectionalLaminaOf<Scalar>& lamina) {
+HillModuliOf<Scalar> overallModuli(const HillModuliOf<Scalar>& fiber,
+                                   const HillModuliOf<Scalar>& matrix,
+                                   const double c,
+                                   const UnidirectionalLaminaOf<Scalar>& lamina) {
   const double m = 1.0 - c;
-  const Scalar axial = c * (fiber.axial + 2.0 * lamina.fiber.axial * fiber.transverse) +
-                       m * (matrix.axial + 2.0 * lamina.matrix.axial * matrix.transverse);
-  const Scalar transverse = c * lamina.fiber.dilatation * fiber.transverse +
-                            m * lamina.matrix.dilatation * matrix.transverse;
+  const auto& inFiber = lamina.fiber;
+  const auto& inMatrix = lamina.matrix;
+  HillModuliOf<Scalar> overall;
+  overall.k = c * fiber.k * inFiber.dilatation + m * matrix.k * inMatrix.dilatation;
+  overall.l = c * fiber.l * inFiber.dilatation + m * matrix.l * inMatrix.dilatation;
+  overall.n = c * (fiber.n + 2.0 * fiber.l * inFiber.axial) +
+              m * (matrix.n + 2.0 * matrix.l * inMatrix.axial);
+  overall.m = c * fiber.m * inFiber.transverseShear + m * matrix.m * inMatrix.transverseShear;
+  overall.p = c * fiber.p * inFiber.axialShear + m * matrix.p * inMatrix.axialShear;
+  return overall;
+}
+
+/// Thermal strains at zero overall strain (hashin1979), and effective expansions from the phases'
+/// strain concentrations (levin1967): the overall thermal stress is the mean of A^T beta.
+template <class Scalar>
+void addThermal(const TransverselyIsotropicOf<Scalar>& fiber,
+                const TransverselyIsotropicOf<Scalar>& matrix,
+                const double c,
+                UnidirectionalLaminaOf<Scalar>& lamina) {
+  const double m = 1.0 - c;
+  const auto inMatrix = hillModuli(matrix);
+  const auto betaF = thermalStress(hillModuli(fiber), fiber.a11, fiber.a22);
+  const auto betaM = thermalStress(inMatrix, matrix.a11, matrix.a22);
+  const Scalar thermal = (betaF.transverse - betaM.transverse) * lamina.fiber.dilatation /
+                         (2.0 * (inMatrix.k + inMatrix.m));
+  lamina.fiber.thermal = m * thermal;
+  lamina.matrix.thermal = -c * thermal;
+
+  const Scalar axial = c * (betaF.axial + 2.0 * lamina.fiber.axial * betaF.transverse) +
+                       m * (betaM.axial + 2.0 * lamina.matrix.axial * betaM.transverse);
+  const Scalar transverse = c * lamina.fiber.dilatation * betaF.transverse +
+                            m * lamina.matrix.dilatation * betaM.transverse;
   auto& effective = lamina.effective;
+  const auto overall = hillModuli(effective);
   effective.a11 = (axial - 2.0 * effective.v12 * transverse) / effective.e11;
   effective.a22 = (transverse - overall.l * effective.a11) / (2.0 * overall.k);
 }
 
 }  // namespace detail
+
+/// The elastic part of homogenise(): expansions and thermal strains stay zero and cost nothing.
+template <class Scalar>
+UnidirectionalLaminaOf<Scalar> homogeniseElastic(const TransverselyIsotropicOf<Scalar>& fiber,
+                                                 const TransverselyIsotropicOf<Scalar>& matrix,
+                                                 const double fiberFraction) {
+  const double c = std::clamp(fiberFraction, 0.0, 1.0);
+  const auto f = hillModuli(fiber);
+  const auto m = hillModuli(matrix);
+  UnidirectionalLaminaOf<Scalar> lamina;
+  detail::cylinderStrains(f, m, c, lamina);
+  detail::transverseShear(f, m, c, lamina);
+  lamina.effective = transverselyIsotropicFrom(detail::overallModuli(f, m, c, lamina));
+  return lamina;
+}
 
 /// Homogenises aligned fibers in a matrix, both transversely isotropic about axis 1.
 ///
@@ -119,26 +158,8 @@ template <class Scalar>
 UnidirectionalLaminaOf<Scalar> homogenise(const TransverselyIsotropicOf<Scalar>& fiber,
                                           const TransverselyIsotropicOf<Scalar>& matrix,
                                           const double fiberFraction) {
-  const double c = fiberFraction < 0.0 ? 0.0 : (fiberFraction > 1.0 ? 1.0 : fiberFraction);
-  const double m = 1.0 - c;
-  const auto f = hillModuli(fiber);
-  const auto r = hillModuli(matrix);
-  const auto betaF = thermalStress(f, fiber.a11, fiber.a22);
-  const auto betaR = thermalStress(r, matrix.a11, matrix.a22);
-
-  UnidirectionalLaminaOf<Scalar> lamina;
-  detail::cylinderStrains<Scalar>(f, r, betaF.transverse - betaR.transverse, c, lamina);
-  detail::transverseShear(f, r, c, lamina);
-
-  HillModuliOf<Scalar> overall;
-  overall.k = c * f.k * lamina.fiber.dilatation + m * r.k * lamina.matrix.dilatation;
-  overall.l = c * f.l * lamina.fiber.dilatation + m * r.l * lamina.matrix.dilatation;
-  overall.n =
-      c * (f.n + 2.0 * f.l * lamina.fiber.axial) + m * (r.n + 2.0 * r.l * lamina.matrix.axial);
-  overall.m = c * f.m * lamina.fiber.transverseShear + m * r.m * lamina.matrix.transverseShear;
-  overall.p = c * f.p * lamina.fiber.axialShear + m * r.p * lamina.matrix.axialShear;
-  lamina.effective = transverselyIsotropicFrom(overall);
-  detail::levinExpansion(betaF, betaR, overall, c, lamina);
+  auto lamina = homogeniseElastic(fiber, matrix, fiberFraction);
+  detail::addThermal(fiber, matrix, std::clamp(fiberFraction, 0.0, 1.0), lamina);
   return lamina;
 }
 

@@ -34,7 +34,7 @@ double largestDeviation(const Eigen::Ref<const Eigen::MatrixXd>& actual,
 }
 
 TEST(Concentration, AgreesWithTheClosedFormEvaluatedElsewhere) {
-  for (const auto& item : test::reference("computed.json").at("ud")) {
+  for (const auto& item : test::referenceCases("computed.json", "ud")) {
     const auto lamina = laminaOf(transverselyIsotropic(test::propertiesFrom(item.at("fibre"))),
                                  transverselyIsotropic(test::propertiesFrom(item.at("matrix"))),
                                  item.at("vf").get<double>());
@@ -50,7 +50,7 @@ TEST(Concentration, AgreesWithTheClosedFormEvaluatedElsewhere) {
 // Means over the phases of a periodic array: 2 % of the largest entry is what 150 random carbon and
 // glass laminae stay within, 4 % with a degraded matrix.
 TEST(Concentration, StaysCloseToTheHexagonalArray) {
-  for (const auto& item : test::reference("computed.json").at("ud")) {
+  for (const auto& item : test::referenceCases("computed.json", "ud")) {
     const auto name = item.at("name").get<std::string>();
     const double bar = name.find("degraded") == std::string::npos ? 0.02 : 0.04;
     const auto lamina = laminaOf(transverselyIsotropic(test::propertiesFrom(item.at("fibre"))),

@@ -21,7 +21,7 @@ double relative(const double value, const double expected) {
 }
 
 TEST(UnidirectionalLamina, AgreesWithTheClosedFormEvaluatedElsewhere) {
-  for (const auto& item : test::reference("computed.json").at("ud")) {
+  for (const auto& item : test::referenceCases("computed.json", "ud")) {
     const auto fiber = transverselyIsotropic(test::propertiesFrom(item.at("fibre")));
     const auto matrix = transverselyIsotropic(test::propertiesFrom(item.at("matrix")));
     const Properties expected = test::propertiesFrom(item.at("analytic"));
@@ -45,7 +45,7 @@ ArrayBar hexagonalBar(const std::string& name) {
 }
 
 TEST(UnidirectionalLamina, StaysCloseToTheHexagonalArray) {
-  for (const auto& item : test::reference("computed.json").at("ud")) {
+  for (const auto& item : test::referenceCases("computed.json", "ud")) {
     const auto name = item.at("name").get<std::string>();
     const auto fiber = transverselyIsotropic(test::propertiesFrom(item.at("fibre")));
     const auto matrix = transverselyIsotropic(test::propertiesFrom(item.at("matrix")));

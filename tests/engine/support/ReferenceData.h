@@ -11,11 +11,20 @@
 
 namespace kx::test {
 
-/// tests/reference/<file>, parsed.
+/// tests/reference/<file>, parsed. A reference into the call's result dangles: name it first.
 inline nlohmann::json reference(const std::string& file) {
   std::ifstream stream(LAMCRAFT_TEST_DATA "/reference/" + file);
   if (!stream) throw std::runtime_error("no reference data " + file);
   return nlohmann::json::parse(stream);
+}
+
+/// The list in tests/reference/<file>, or the one under `key` there; never empty. By value, so that
+/// a loop may run over the call.
+inline nlohmann::json referenceCases(const std::string& file, const std::string& key = {}) {
+  const nlohmann::json all = reference(file);
+  nlohmann::json cases = key.empty() ? all : all.at(key);
+  if (!cases.is_array() || cases.empty()) throw std::runtime_error("no cases " + key);
+  return cases;
 }
 
 /// A set of the twelve constants, named as in the data files ("E11" ... "A33").
