@@ -112,5 +112,15 @@ TEST(Catalogues, CodeTranslatesNothingButTheMessages) {
   }
 }
 
+TEST(Catalogues, CodeShowsEveryMessage) {
+  std::string code;
+  for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
+    if (entry.path().extension() == ".cpp") code += test::contentOf(entry.path());
+  }
+  for (const auto& [text, name] : messages()) {
+    EXPECT_TRUE(std::regex_search(code, std::regex("console::" + name + "\\b"))) << text;
+  }
+}
+
 }  // namespace
 }  // namespace lamcraft
