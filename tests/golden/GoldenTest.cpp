@@ -8,8 +8,6 @@
 // With LAMCRAFT_APPROVE=1 in the environment the expected files are written anew instead; read what
 // changed before you commit it.
 
-#include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -20,14 +18,13 @@
 
 #include <gtest/gtest.h>
 
+#include "golden/GoldenFiles.h"
 #include "support/ProcessRun.h"
-#include "support/TemporaryFolder.h"
 
 namespace lamcraft::test {
 namespace {
 
 namespace fs = std::filesystem;
-using Files = std::map<std::string, std::string>;
 
 fs::path goldenFolder() {
   return fs::path(LAMCRAFT_TEST_DATA) / "golden";
@@ -69,82 +66,40 @@ std::string withoutBulk(const std::string& content) {
   return kept;
 }
 
-void addFilesOf(const fs::path& folder, Files& files) {
-  if (!fs::is_directory(folder)) {
-    return;
-  }
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    files[entry.path().filename().string()] = withoutBulk(contentOf(entry.path()));
-  }
-}
-
 /// All that the program leaves behind for the deck of a case.
-Files produced(const fs::path& golden) {
-  const TemporaryFolder workplace;
-  fs::copy_file(golden / "deck.qdk", workplace.path() / "deck.qdk");
-  ProcessRun run{LAMCRAFT_PROGRAM, {"deck.qdk", "out"}, settingsOf(golden), workplace.path()};
-  run.environment["LD_LIBRARY_PATH"] = LAMCRAFT_FAKE_FOLDER;
-  run.environment["KXFAKE_LOG"] = workplace.file("calls.txt");
-  const ProcessResult result = test::run(run);
-  EXPECT_EQ(result.err, "");
-
-  Files files;
-  addFilesOf(workplace.path() / "out", files);
+GoldenFiles produced(const fs::path& golden) {
+  ProcessRun process;
+  process.program = LAMCRAFT_PROGRAM;
+  process.environment = settingsOf(golden);
+  process.environment["LD_LIBRARY_PATH"] = LAMCRAFT_FAKE_FOLDER;
+  GoldenFiles files = filesOfRun(golden / "deck.qdk", process, "KXFAKE_LOG");
+  for (const char* const name : {"mdata.xml", "fdata.xml"}) {
+    if (files.count(name) > 0) {
+      files[name] = withoutBulk(files[name]);
+    }
+  }
   if (files.count("fdata.xml") > 0 && files["fdata.xml"] == files["mdata.xml"]) {
     files["fdata.xml"] = "the same as mdata.xml\n";
   }
-  files["console.txt"] = result.out + "exit code " + std::to_string(result.exitCode) + "\n";
-  if (fs::exists(workplace.path() / "calls.txt")) {
-    files["calls.txt"] = contentOf(workplace.path() / "calls.txt");
-  }
   return files;
-}
-
-void approve(const fs::path& folder, const Files& files) {
-  fs::remove_all(folder);
-  fs::create_directories(folder);
-  for (const auto& [name, content] : files) {
-    std::ofstream(folder / name, std::ios::binary) << content;
-  }
-}
-
-/// The first line that differs, with its number: whole files would bury it.
-std::string firstDifference(const std::string& expected, const std::string& actual) {
-  std::istringstream left(expected);
-  std::istringstream right(actual);
-  std::string leftLine;
-  std::string rightLine;
-  for (int number = 1;; ++number) {
-    const bool hasLeft = static_cast<bool>(std::getline(left, leftLine));
-    const bool hasRight = static_cast<bool>(std::getline(right, rightLine));
-    if (!hasLeft && !hasRight) {
-      return "only in the line ends";
-    }
-    if (!hasLeft || !hasRight || leftLine != rightLine) {
-      return "line " + std::to_string(number) + "\nexpected: " + (hasLeft ? leftLine : "(end)") +
-             "\nactual:   " + (hasRight ? rightLine : "(end)");
-    }
-  }
 }
 
 class Golden : public testing::TestWithParam<std::string> {};
 
 TEST_P(Golden, ComesOutAsApproved) {
   const fs::path golden = goldenFolder() / GetParam();
-  const Files actual = produced(golden);
-  if (std::getenv("LAMCRAFT_APPROVE") != nullptr) {
+  const GoldenFiles actual = produced(golden);
+  if (isApproving()) {
     approve(golden / "expected", actual);
     GTEST_SKIP() << "approved anew";
   }
-  Files expected;
-  addFilesOf(golden / "expected", expected);
+  const GoldenFiles expected = filesOf(golden / "expected");
+  expectSameNames(expected, actual);
   for (const auto& [name, content] : expected) {
-    ASSERT_EQ(actual.count(name), 1U) << name << " was not written";
-    EXPECT_TRUE(actual.at(name) == content)
-        << name << " differs, " << firstDifference(content, actual.at(name));
-  }
-  for (const auto& [name, content] : actual) {
-    EXPECT_EQ(expected.count(name), 1U) << name << " was written, and is not expected";
+    if (actual.count(name) > 0) {
+      EXPECT_TRUE(actual.at(name) == content)
+          << name << " differs, " << firstDifference(content, actual.at(name));
+    }
   }
 }
 
