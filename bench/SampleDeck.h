@@ -43,9 +43,9 @@ class SampleDeck {
 
  private:
   static std::string lineOf(const DeckKind kind, const std::size_t line) {
-    const std::string data = "0.1, " + std::to_string(1000 + 7919 * line % 9000000) +
-                             ", 1.25e8, 45.0, " + std::to_string(line % 100) + "\n";
-    const std::string comment = "** coupon " + std::to_string(line) + " of the second batch\n";
+    std::string data = "0.1, " + std::to_string(1000 + 7919 * line % 9000000) + ", 1.25e8, 45.0, " +
+                       std::to_string(line % 100) + "\n";
+    std::string comment = "** coupon " + std::to_string(line) + " of the second batch\n";
     switch (kind) {
       case DeckKind::data:
         return data;

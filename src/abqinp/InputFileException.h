@@ -21,6 +21,7 @@ class InputFileException : public std::exception {
   [[nodiscard]] const char* what() const noexcept override { return message_.what(); }
 
  private:
+  // NOLINTNEXTLINE(bugprone-throw-keyword-missing): a member that is an exception
   explicit InputFileException(const std::string& message) : message_(message) {}
 
   std::runtime_error message_;  // keeps a text that copies without throwing

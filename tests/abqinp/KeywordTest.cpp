@@ -10,7 +10,7 @@ namespace abqinp {
 namespace {
 
 Keyword sample() {
-  Keyword keyword = Keyword::fromLine("*KW1,B=\"x y\",A,T=-20.5C,Q=\"7\"8,U=\"open");
+  Keyword keyword = Keyword::fromLine(R"(*KW1,B="x y",A,T=-20.5C,Q="7"8,U="open)");
   keyword.addDataLine("1.5E3,2");
   keyword.addDataLine("");
   keyword.addDataLine(",3,");

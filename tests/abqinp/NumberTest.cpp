@@ -2,7 +2,7 @@
 
 #include <cfloat>
 #include <clocale>
-#include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <locale>
@@ -32,14 +32,19 @@ std::optional<Number> converted(const std::string& text) {
   try {
     return convert(text);
   } catch (const std::invalid_argument& error) {
-    EXPECT_EQ(error.what(), std::string(text.c_str()));
+    EXPECT_EQ(error.what(), text);
     return std::nullopt;
   }
 }
 
+std::uint64_t bitsOf(const double value) {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
 bool sameBits(const std::optional<double>& a, const std::optional<double>& b) {
-  return a.has_value() == b.has_value() &&
-         (!a.has_value() || std::memcmp(&*a, &*b, sizeof(double)) == 0);
+  return a.has_value() == b.has_value() && (!a.has_value() || bitsOf(*a) == bitsOf(*b));
 }
 
 struct DoubleCase {

@@ -80,9 +80,11 @@ TEST(VariableProperty, ClearsTheDistributionsWhenATableHasOnlyTheRange) {
 
 TEST(VariableProperty, CopiesNumbersButNoName) {
   const VariableProperty original = filled();
-  const VariableProperty copy = original;
+  VariableProperty copy(original);
   EXPECT_EQ(copy.name(), "");
   EXPECT_EQ(numbersOf(copy), numbersOf(original));
+  copy.scale(2.0);
+  EXPECT_EQ(numbersOf(original), numbersOf(filled()));
   EXPECT_EQ(original.name(), "NU12");
 }
 
