@@ -47,6 +47,7 @@ struct Problem {
   Prior amplitude = kAmplitudeFactor;
   double relaxation = 1.0;
 
+  // the solver asks by this name. NOLINTNEXTLINE(readability-identifier-naming)
   [[nodiscard]] int NumResiduals() const { return static_cast<int>(points.size()) + kPriors; }
 
   template <typename T>
@@ -263,6 +264,7 @@ DirectionFit fitDirection(const DirectionData& data, double temperature) {
   Problem problem = problemOf(data, strength, temperature);
   Unknowns unknowns(0.0, std::log(kReducedStrength.value), kAmplitudeFactor.value);
   const double initial = deviationOf(problem, unknowns);
+  fit.tests = problem.points.size();
   fit.iterations = solve(problem, unknowns) + relax(problem, unknowns);
   const double thermal = kGasConstant * temperature;
   const auto constants = fittedConstants(unknowns.data(), problem, thermal, matrixStrength);

@@ -1,6 +1,7 @@
 #ifndef KX_FATIGUE_DIRECTIONFIT_H
 #define KX_FATIGUE_DIRECTIONFIT_H
 
+#include <cstddef>
 #include <vector>
 
 #include "fatigue/BondBreaking.h"
@@ -29,6 +30,9 @@ struct DirectionFit {
   double initialError = 0.0;     ///< rms of log10(predicted/measured cycles), prior constants
   double finalError = 0.0;       ///< the same for the fitted constants
   int iterations = 0;
+  std::size_t tests = 0;  ///< that were fitted
+
+  [[nodiscard]] bool isFitted() const noexcept { return constants.breakingEnergy > 0.0; }
 };
 
 /// Fits Ub, gb and k to tests and static strength by least squares.

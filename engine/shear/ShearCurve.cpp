@@ -107,6 +107,7 @@ struct KneeProblem {
   double slope;
   Measure measure;
 
+  // the solver asks by this name. NOLINTNEXTLINE(readability-identifier-naming)
   [[nodiscard]] int NumResiduals() const { return static_cast<int>(points.size()); }
 
   template <typename T>

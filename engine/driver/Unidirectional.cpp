@@ -1,0 +1,130 @@
+// The contract's functions for unidirectional laminae.
+
+#include <algorithm>
+
+#include "driver/Arguments.h"
+#include "driver/EngineState.h"
+#include "elastic/Properties.h"
+#include "fatigue/UnidirectionalFatigue.h"
+#include "fit/UnidirectionalFit.h"
+#include "lamina/Concentration.h"
+#include "lamina/UnidirectionalLamina.h"
+#include "micromech/kxdriver.h"
+#include "shear/MatrixDegradation.h"
+#include "shear/ShearCurve.h"
+
+namespace {
+
+using kx::Properties;
+
+kx::FitOptions fitOptions() {
+  auto& state = kx::EngineState::instance();
+  const auto limits = state.maximumErrors(kx::CompositeKind::unidirectional);
+  kx::FitOptions options;
+  options.maximumMechanicalError = limits.mechanical;
+  options.maximumThermalError = limits.thermal;
+  options.isotropicMatrix = state.isMatrixIsotropic();
+  options.progress = [&state](std::int32_t iteration, double error) {
+    state.status().report(iteration, error);
+  };
+  return options;
+}
+
+void writeSummary(const kx::FitSummary& summary, double* errors, std::int32_t* iterations) {
+  const bool hasRun = summary.initialError >= 0.0 && summary.finalError >= 0.0;
+  errors[0] = hasRun ? summary.initialError : kx::kNoFitError;
+  errors[1] = hasRun ? summary.finalError : kx::kNoFitError;
+  *iterations = std::max(summary.iterations, std::int32_t{0});
+}
+
+/// All zeros, which no fatigue fit accepts, where the constituents make no lamina.
+kx::MatrixConcentration matrixConcentration(const kx::UnidirectionalMaterials& materials,
+                                            double fiberFraction) {
+  const auto fiber = kx::transverselyIsotropic(materials.fiber);
+  const auto matrix = kx::transverselyIsotropic(materials.matrix);
+  if (!kx::isAdmissible(fiber) || !kx::isAdmissible(matrix) || !(fiberFraction > 0.0) ||
+      !(fiberFraction < 1.0)) {
+    return {};
+  }
+  const auto lamina = kx::homogenise(fiber, matrix, fiberFraction);
+  const auto field = kx::concentration(matrix, lamina.matrix, lamina.effective);
+  return {field.stress(kx::k11, kx::k11), field.stress(kx::k22, kx::k22)};
+}
+
+/// T1 C1 T2 C2 S12 S23.
+kx::PlyStrengths plyStrengths(const double* values) {
+  return {{values[0], values[1]}, {values[2], values[3]}, values[4]};
+}
+
+}  // namespace
+
+void UNI_OPTIMIZATION(const double* fiberVolumeFraction,
+                      double* lamina,
+                      double* fiber,
+                      double* matrix,
+                      const double* temperature,
+                      const int32_t* snCount,
+                      const double* sn,
+                      double* fatigueLongitudinal,
+                      double* fatigueTransverse,
+                      const double* strengths,
+                      double* errors,
+                      int32_t* iterations) {
+  if (!kx::areGiven(fiberVolumeFraction, lamina, fiber, matrix, errors, iterations)) {
+    return;
+  }
+  kx::guarded([&] {
+    writeSummary({}, errors, iterations);
+    writeSummary({}, errors + 2, iterations + 1);
+    const kx::UnidirectionalMaterials given{
+        kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
+    kx::EngineState::instance().status().begin(kx::kNoFitError);
+    const auto result = kx::fitUnidirectional(*fiberVolumeFraction, given, fitOptions());
+    kx::copyTo(result.materials.lamina, lamina);
+    kx::copyTo(result.materials.fiber, fiber);
+    kx::copyTo(result.materials.matrix, matrix);
+    writeSummary(result.mechanical, errors, iterations);
+    writeSummary(result.thermal, errors + 2, iterations + 1);
+    if (!kx::areGiven(temperature, fatigueLongitudinal, fatigueTransverse, strengths)) {
+      return;
+    }
+    const auto fatigue =
+        kx::fitUnidirectionalFatigue(kx::snRecordsFrom(sn, snCount),
+                                     *temperature,
+                                     plyStrengths(strengths),
+                                     matrixConcentration(result.materials, *fiberVolumeFraction));
+    kx::copyTo(fatigue.longitudinal.constants, fatigueLongitudinal);
+    kx::copyTo(fatigue.transverse.constants, fatigueTransverse);
+  });
+}
+
+void PREFAIL(const double* fiberVolumeFraction,
+             const double* matrix,
+             const double* fiber,
+             const double* /*lamina*/,
+             const double* shearStrength,
+             const double* stress,
+             const double* strain,
+             const int32_t* pointCount,
+             double* m,
+             double* b,
+             double* thr,
+             double* c2mdeg,
+             int32_t* failed,
+             int32_t* code) {
+  if (!kx::areGiven(fiberVolumeFraction, matrix, fiber, shearStrength, m, b, thr, c2mdeg) ||
+      !kx::areGiven(failed, code)) {
+    return;
+  }
+  kx::guarded([&] {
+    *failed = 1;
+    const auto reduction =
+        kx::reduceShearCurve(kx::shearPointsFrom(stress, strain, pointCount), *shearStrength);
+    kx::copyTo(reduction, m, b, thr, failed, code);
+    const auto degradation = kx::unidirectionalMatrixDegradation(*fiberVolumeFraction,
+                                                                 kx::propertiesFrom(fiber).g12,
+                                                                 kx::propertiesFrom(matrix).g12,
+                                                                 reduction.lowestDegradation);
+    std::copy(degradation.begin(), degradation.end(), c2mdeg);
+  });
+}
