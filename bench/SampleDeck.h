@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 
 /// Decks of about a given size in the temporary folder, made once for each benchmark.
@@ -17,7 +18,8 @@ enum class DeckKind {
 class SampleDeck {
  public:
   SampleDeck(const DeckKind kind, const std::size_t bytes)
-      : path_(std::filesystem::temp_directory_path() / "lamcraft-bench-deck") {
+      : path_(std::filesystem::temp_directory_path() /
+              ("lamcraft-bench-deck-" + std::to_string(std::random_device{}()))) {
     std::ofstream file(path_, std::ios::binary);
     std::string text = "*MATERIAL, TYPE=UNI, SYSTEM=CFRP, NAME=Sample\n1, 1600, 0.125e-3\n";
     text += kind == DeckKind::data || kind == DeckKind::mixed ? "*SNDATA\n" : "";

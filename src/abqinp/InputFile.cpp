@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <limits>
+#include <locale>
 #include <stdexcept>
 
 #include "abqinp/DeckParser.h"
@@ -14,13 +15,22 @@ std::runtime_error couldNotOpen(const std::string& path) {
   return std::runtime_error("Could not open file " + path);
 }
 
-}  // namespace
-
-void InputFile::read(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+/// Opens a file whose bytes no locale converts.
+template <typename Stream>
+Stream opened(const std::string& path) {
+  Stream file;
+  file.imbue(std::locale::classic());
+  file.open(path, std::ios::binary);
   if (!file) {
     throw couldNotOpen(path);
   }
+  return file;
+}
+
+}  // namespace
+
+void InputFile::read(const std::string& path) {
+  auto file = opened<std::ifstream>(path);
   DeckParser parser;
   LineReader lines(file);
   std::string_view line;
@@ -48,10 +58,7 @@ bool InputFile::nextKeyword() {
 }
 
 void InputFile::write(const std::string& path, const bool inWrittenOrder) const {
-  std::ofstream file(path, std::ios::binary);
-  if (!file) {
-    throw couldNotOpen(path);
-  }
+  auto file = opened<std::ofstream>(path);
   blocks_.write(file, inWrittenOrder);
 }
 

@@ -1,7 +1,10 @@
 #include "abqinp/InputFile.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cwchar>
 #include <filesystem>
+#include <locale>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -167,6 +170,46 @@ TEST(InputFile, WritesWhatAWalkShows) {
   deck.write(copy.path(), true);
   EXPECT_EQ(copy.content(), walked(deck));
   EXPECT_EQ(deck.countKeywords(), 5000U / 3 + 1 + 100);
+}
+
+/// A conversion of file contents that no deck survives.
+class EveryByteIsX : public std::codecvt<char, char, std::mbstate_t> {
+ protected:
+  bool do_always_noconv() const noexcept override { return false; }
+  result do_in(std::mbstate_t& /*state*/,
+               const char* from,
+               const char* fromEnd,
+               const char*& fromNext,
+               char* to,
+               char* toEnd,
+               char*& toNext) const override {
+    const auto count = std::min(fromEnd - from, toEnd - to);
+    fromNext = from + count;
+    toNext = std::fill_n(to, count, 'X');
+    return ok;
+  }
+  result do_out(std::mbstate_t& state,
+                const char* from,
+                const char* fromEnd,
+                const char*& fromNext,
+                char* to,
+                char* toEnd,
+                char*& toNext) const override {
+    return do_in(state, from, fromEnd, fromNext, to, toEnd, toNext);
+  }
+};
+
+TEST(InputFile, ReadsAndWritesBytesThatNoLocaleConverts) {
+  const TemporaryFile file("*KW1\n1.5\n");
+  const TemporaryFile copy;
+  const std::locale previous =
+      std::locale::global(std::locale(std::locale::classic(), new EveryByteIsX));
+  InputFile deck;
+  deck.read(file.path());
+  deck.write(copy.path(), true);
+  std::locale::global(previous);
+  EXPECT_EQ(walked(deck), "*KW1\n1.5\n");
+  EXPECT_EQ(copy.content(), "*KW1\n1.5\n");
 }
 
 TEST(InputFile, SurvivesAFullDisk) {
