@@ -1,0 +1,120 @@
+#include "weave/cell/CellSolver.h"
+
+#include <utility>
+
+namespace kx {
+
+namespace {
+
+// Above, the planes of one cell are shared out instead of load cases: the numbers of one pair of
+// cases then stay in the cache, and memory does not grow with the threads.
+constexpr std::size_t kLargeCell = 100000;
+
+std::vector<CasePair> casesToSolve(const bool exchangeable, const ThermalCase thermal) {
+  std::vector<CasePair> pairs;
+  if (exchangeable) {
+    pairs = {{k11, k33}, {k12, k13}};
+  } else {
+    pairs = {{k11, k22}, {k33, k12}, {k13, k23}};
+  }
+  if (thermal == ThermalCase::with) pairs.push_back({kThermalCase, kLoadCases});
+  return pairs;
+}
+
+kernels::PairLoad unitLoad(const CasePair& cases) {
+  kernels::PairLoad load;
+  for (std::size_t lane = 0; lane < 2; ++lane) {
+    if (cases[lane] < kStrainCases) load.strain[cases[lane]][lane] = 1.0;
+    if (cases[lane] == kThermalCase) load.temperature[lane] = kSolvedTemperature;
+  }
+  return load;
+}
+
+// A start in the layout of `pairs`: the fields that are there where they are, zero elsewhere.
+CellFields startFor(const std::vector<CasePair>& pairs, const GridShape& shape, CellFields given) {
+  CellFields start;
+  for (const CasePair& cases : pairs) {
+    start.cases.push_back(cases);
+    bool found = false;
+    for (std::size_t pair = 0; pair < given.cases.size() && !found; ++pair) {
+      if (given.cases[pair] != cases) continue;
+      start.pairs.push_back(std::move(given.pairs[pair]));
+      found = true;
+    }
+    if (found) continue;
+    start.pairs.emplace_back(shape);
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      if (cases[lane] == kLoadCases || !given.holds(cases[lane])) continue;
+      const CellFields::Place place = given.find(cases[lane]);
+      if (place.field->isEmpty()) continue;
+      for (int i = 0; i < shape.n1; ++i) {
+        const double* const from = place.field->plane(i) + place.lane;
+        double* const to = start.pairs.back().plane(i) + lane;
+        for (std::size_t t = 0; t < place.field->planeStride(); t += 2) to[t] = from[t];
+      }
+    }
+  }
+  return start;
+}
+
+}  // namespace
+
+CellSolver::CellSolver(const UnitCell& cell, ThreadPool& team)
+    : cell_(cell), team_(team), basis_(std::make_shared<SpectralBasis>(cell.shape())) {}
+
+bool CellSolver::isExchangeable(const UnitCell& cell, const CellConstituents& constituents) {
+  const WeaveGeometry& geometry = cell.geometry();
+  if (geometry.fillFraction() != geometry.warpFraction()) return false;
+  const PhaseStiffness& fill = constituents.phases[kFill];
+  const PhaseStiffness& warp = constituents.phases[kWarp];
+  if (fill.c != warp.c || fill.beta != warp.beta) return false;
+  const PhaseStiffness& pocket = constituents.phases[kPocket];
+  const Matrix6 turn = strainTransform(warpFrame(0.0));
+  const double rounding = 1e-14 * pocket.c.norm();
+  return (rotateStiffness(pocket.c, turn) - pocket.c).norm() <= rounding &&
+         (rotateStress(pocket.beta, turn) - pocket.beta).norm() <= 1e-14 * pocket.beta.norm();
+}
+
+int CellSolver::solvePair(const CellMaterials& materials,
+                          const SolveSettings& settings,
+                          const CasePair& cases,
+                          PairField& field,
+                          PairSolver& solver,
+                          ThreadPool& team) const {
+  const std::array<bool, 2> active{cases[0] < kLoadCases, cases[1] < kLoadCases};
+  const auto reports =
+      solver.solve(materials.field(), unitLoad(cases), active, field, settings, team);
+  return reports[0].iterations + reports[1].iterations;
+}
+
+int CellSolver::solve(const CellMaterials& materials,
+                      const ThermalCase thermal,
+                      const SolveSettings& settings,
+                      CellFields& fields) {
+  const bool exchangeable = isExchangeable(cell_, materials.constituents());
+  const std::vector<CasePair> pairs = casesToSolve(exchangeable, thermal);
+  fields = startFor(pairs, cell_.shape(), std::move(fields));
+  const auto threads = static_cast<std::size_t>(team_.threads());
+  const bool large = cell_.shape().voxels() > kLargeCell;
+  const std::size_t together = large ? 0 : pairs.size() / threads * threads;
+  const std::size_t workspaces = together > 0 ? threads : 1;
+  while (solvers_.size() < workspaces) solvers_.push_back(std::make_unique<PairSolver>(basis_));
+  std::vector<int> iterations(pairs.size());
+  for (std::size_t round = 0; round < together; round += threads) {
+    team_.forEach(threads, [&](const std::size_t t) {
+      ThreadPool alone(1);
+      const std::size_t p = round + t;
+      iterations[p] =
+          solvePair(materials, settings, pairs[p], fields.pairs[p], *solvers_[t], alone);
+    });
+  }
+  for (std::size_t p = together; p < pairs.size(); ++p) {
+    iterations[p] = solvePair(materials, settings, pairs[p], fields.pairs[p], *solvers_[0], team_);
+  }
+  if (exchangeable) addExchangedCases(cell_, fields);
+  int sum = 0;
+  for (const int count : iterations) sum += count;
+  return sum;
+}
+
+}  // namespace kx

@@ -1,0 +1,26 @@
+#ifndef KX_WEAVE_VOXEL_GRIDSHAPE_H
+#define KX_WEAVE_VOXEL_GRIDSHAPE_H
+
+#include <cstddef>
+
+namespace kx {
+
+/// A periodic box of equal voxels along the axes 1, 2, 3.
+///
+/// Voxel (i, j, k) has number (i * n2 + j) * n3 + k. n3 is even: the kernels work on two voxels of
+/// a row at a time.
+struct GridShape {
+  int n1 = 0;
+  int n2 = 0;
+  int n3 = 0;
+  double h1 = 1.0;  ///< voxel edges, any unit of length
+  double h2 = 1.0;
+  double h3 = 1.0;
+
+  std::size_t rows() const { return static_cast<std::size_t>(n1) * static_cast<std::size_t>(n2); }
+  std::size_t voxels() const { return rows() * static_cast<std::size_t>(n3); }
+};
+
+}  // namespace kx
+
+#endif

@@ -1,0 +1,10 @@
+#include "weave/voxel/KernelBodies.h"
+#include "weave/voxel/KernelTables.h"
+
+namespace kx::kernels {
+
+const Table& avx2Table() {
+  return kTable;
+}
+
+}  // namespace kx::kernels

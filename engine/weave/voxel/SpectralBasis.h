@@ -1,0 +1,30 @@
+#ifndef KX_WEAVE_VOXEL_SPECTRALBASIS_H
+#define KX_WEAVE_VOXEL_SPECTRALBASIS_H
+
+#include <memory>
+#include <vector>
+
+#include "fft/Transform.h"
+#include "weave/voxel/GridShape.h"
+
+namespace kx {
+
+/// Transforms and wave numbers of one grid; immutable, shared by all solvers of the grid.
+struct SpectralBasis {
+  explicit SpectralBasis(const GridShape& shape);
+
+  GridShape shape;
+  std::unique_ptr<Transform> plane;  ///< axes 2 and 3 of one component of one plane
+  std::unique_ptr<Transform> lines;  ///< axis 1 of all k3 of one k2
+  /// sin and cos of pi m / n per signed frequency m of the axis, side by side.
+  std::vector<double> axis1;
+  std::vector<double> axis2;
+  std::vector<double> axis3;
+  /// Largest square of a wave vector: smaller ones by 1e-10 belong to the mean and to the modes
+  /// that reduced integration does not see.
+  double largestSquare = 0.0;
+};
+
+}  // namespace kx
+
+#endif
