@@ -1,7 +1,5 @@
 #include "composite/model/PropertySet.h"
 
-#include <algorithm>
-#include <array>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -10,65 +8,15 @@
 
 #include <gtest/gtest.h>
 
+#include "composite/support/DistinctSets.h"
+
 namespace lamcraft {
 namespace {
-
-using Twelve = std::array<double, kPropertyCount>;
-
-constexpr Twelve kDistinct{101.0, 102.0, 103.0, 0.1, 0.2, 0.3, 41.0, 42.0, 43.0, 1e-6, 2e-6, 3e-6};
 
 abqinp::Keyword keywordWith(const char* const dataLine) {
   abqinp::Keyword keyword = abqinp::Keyword::fromLine("*SET");
   keyword.addDataLine(dataLine);
   return keyword;
-}
-
-VariationTable scatterOf(const double seed) {
-  VariationTable table{};
-  double next = seed;
-  for (auto& row : table) {
-    for (double& number : row) {
-      number = next;
-      next += 1.0;
-    }
-  }
-  return table;
-}
-
-/// Everything a variable property holds, name excepted.
-std::vector<double> numbersOf(const VariableProperty& property) {
-  std::vector<double> numbers{property.value(), property.min(), property.max()};
-  for (const Distribution* const distribution : property.distributions()) {
-    for (std::size_t i = 0; i < distribution->parameterCount(); ++i) {
-      numbers.push_back(distribution->parameter(i));
-    }
-  }
-  return numbers;
-}
-
-Twelve workingOf(const PropertySet& set) {
-  Twelve values{};
-  std::copy_n(set.working(), values.size(), values.begin());
-  return values;
-}
-
-Twelve valuesOf(const PropertySet& set) {
-  Twelve values{};
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    values[i] = set.variables()[i].value();
-  }
-  return values;
-}
-
-/// A set of the given symmetry whose twelve properties all differ, in value and in scatter.
-PropertySet distinctSet(const Symmetry symmetry) {
-  PropertySet set;
-  set.load(kDistinct.data(), Symmetry::orthotropic);
-  for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    set.variables()[i].fill(scatterOf(100.0 * static_cast<double>(i + 1)));
-  }
-  set.symmetry = symmetry;
-  return set;
 }
 
 TEST(PropertySet, StartsAsZerosFromTheDeck) {
@@ -295,120 +243,6 @@ TEST(PropertySet, LoadDerivesWhatTheNewSymmetryDemands) {
                         2e-6};
   EXPECT_EQ(workingOf(set), expected);
   EXPECT_EQ(valuesOf(set), expected);
-}
-
-// ---- consistency
-
-struct CopyCase {
-  Property to;
-  Property from;
-};
-struct RuleCase {
-  const char* name;
-  Symmetry symmetry;
-  std::vector<CopyCase> copies;
-  std::vector<Property> shears;
-  double modulus;
-};
-std::ostream& operator<<(std::ostream& out, const RuleCase& row) {
-  return out << row.name;
-}
-
-class Consistency : public testing::TestWithParam<RuleCase> {};
-
-const RuleCase kRuleCases[] = {
-    {"isotropic",
-     Symmetry::isotropic,
-     {{P::e22, P::e11},
-      {P::e33, P::e11},
-      {P::v13, P::v12},
-      {P::v23, P::v12},
-      {P::a22, P::a11},
-      {P::a33, P::a11}},
-     {P::g12, P::g13, P::g23},
-     101.0 / (2.0 * (0.1 + 1.0))},
-    {"transverse12",
-     Symmetry::transverse12,
-     {{P::e22, P::e11}, {P::v23, P::v13}, {P::g23, P::g13}, {P::a22, P::a11}},
-     {P::g12},
-     101.0 / (2.0 * (0.1 + 1.0))},
-    {"transverse23",
-     Symmetry::transverse23,
-     {{P::e33, P::e22}, {P::v13, P::v12}, {P::g13, P::g12}, {P::a33, P::a22}},
-     {P::g23},
-     102.0 / (2.0 * (0.3 + 1.0))},
-    {"orthotropic", Symmetry::orthotropic, {}, {}, 0.0},
-    {"unset", Symmetry::unset, {}, {}, 0.0},
-    {"out of range", static_cast<Symmetry>(-3), {}, {}, 0.0},
-};
-INSTANTIATE_TEST_SUITE_P(PropertySet, Consistency, testing::ValuesIn(kRuleCases));
-
-TEST_P(Consistency, BringsValueAndScatterOfTheSourceAlong) {
-  const PropertySet before = distinctSet(GetParam().symmetry);
-  PropertySet set = before;
-  set.makeConsistent();
-  for (const auto [to, from] : GetParam().copies) {
-    EXPECT_EQ(set.working(to), before.working(from));
-    EXPECT_EQ(numbersOf(set.variables()[indexOf(to)]),
-              numbersOf(before.variables()[indexOf(from)]));
-  }
-}
-
-TEST_P(Consistency, GivesTheShearModulusAValueAndLeavesItsScatter) {
-  const PropertySet before = distinctSet(GetParam().symmetry);
-  PropertySet set = before;
-  set.makeConsistent();
-  for (const Property shear : GetParam().shears) {
-    EXPECT_EQ(set.working(shear), GetParam().modulus);
-    std::vector<double> expected = numbersOf(before.variables()[indexOf(shear)]);
-    expected.front() = GetParam().modulus;
-    EXPECT_EQ(numbersOf(set.variables()[indexOf(shear)]), expected);
-  }
-}
-
-TEST_P(Consistency, TouchesNothingElse) {
-  const PropertySet before = distinctSet(GetParam().symmetry);
-  PropertySet set = before;
-  set.makeConsistent();
-  std::array<bool, kPropertyCount> dependent{};
-  for (const auto& copy : GetParam().copies) {
-    dependent[indexOf(copy.to)] = true;
-  }
-  for (const Property shear : GetParam().shears) {
-    dependent[indexOf(shear)] = true;
-  }
-  for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    if (!dependent[i]) {
-      EXPECT_EQ(set.working()[i], before.working()[i]) << i;
-      EXPECT_EQ(numbersOf(set.variables()[i]), numbersOf(before.variables()[i])) << i;
-    }
-  }
-}
-
-TEST_P(Consistency, KeepsNames) {
-  PropertySet set = distinctSet(GetParam().symmetry);
-  for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    set.variables()[i].setName(kPropertyRows[i].label);
-  }
-  set.makeConsistent();
-  for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    EXPECT_EQ(set.variables()[i].name(), kPropertyRows[i].label);
-  }
-}
-
-// Dependent values come from the source's variable property, the shear modulus from the working
-// values: visible only while the two differ.
-TEST(PropertySet, CopiesComeFromVariablesAndShearFromWorkingValues) {
-  PropertySet set = distinctSet(Symmetry::isotropic);
-  set.working(P::e11) = 260.0;
-  set.working(P::v12) = 0.25;
-  set.makeConsistent();
-  EXPECT_EQ(set.working(P::e11), 260.0);
-  EXPECT_EQ(set.variables()[indexOf(P::e11)].value(), 101.0);
-  EXPECT_EQ(set.working(P::e22), 101.0);
-  EXPECT_EQ(set.working(P::v13), 0.1);
-  EXPECT_EQ(set.working(P::g23), 104.0);  // 260 / 2.5
-  EXPECT_EQ(set.variables()[indexOf(P::g12)].value(), 104.0);
 }
 
 // ---- publishing
