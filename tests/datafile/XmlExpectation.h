@@ -56,12 +56,13 @@ inline std::string spelledOut(const std::string& attribute) {
 }
 
 inline std::string describe(const TiXmlElement& element, const bool spellOut) {
-  std::string text = std::string("<") + element.Value();
+  std::ostringstream text;
+  text << '<' << element.Value();
   for (const TiXmlAttribute* a = element.FirstAttribute(); a != nullptr; a = a->Next()) {
-    text += std::string(" ") + a->Name() + "='" +
-            (spellOut ? spelledOut(a->Value()) : std::string(a->Value())) + "'";
+    text << ' ' << a->Name() << "='" << (spellOut ? spelledOut(a->Value()) : a->Value()) << '\'';
   }
-  return text + ">";
+  text << '>';
+  return text.str();
 }
 
 /// Where two elements, attributes and children in their order, differ first; empty when nowhere.
