@@ -77,7 +77,7 @@ inline std::string difference(const TiXmlElement& expected, const TiXmlElement& 
   for (; e != nullptr && a != nullptr; e = e->NextSiblingElement(), a = a->NextSiblingElement()) {
     const std::string below = difference(*e, *a);
     if (!below.empty()) {
-      return "in " + wanted + ": " + below;
+      return std::string("in ").append(wanted).append(": ").append(below);
     }
   }
   if (e != nullptr) {
