@@ -1,6 +1,6 @@
+#include <cctype>
 #include <filesystem>
 #include <map>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,25 +22,33 @@ const fs::path kRoot = fs::path(LAMCRAFT_TEST_DATA).parent_path();
 
 using Entry = std::pair<std::string, std::string>;  // text, then translation or name
 
-std::vector<std::smatch> matchesOf(const std::string& text, const std::regex& pattern) {
-  return {std::sregex_iterator(text.begin(), text.end(), pattern), {}};
-}
-
-/// The quoted pieces of `literals`, joined.
+/// The quoted pieces of `literals`, joined; escapes stay as they are written.
 std::string unquoted(const std::string& literals) {
-  static const std::regex kPiece(R"re("((?:[^"\\]|\\.)*)")re");
   std::string text;
-  for (const auto& piece : matchesOf(literals, kPiece)) text += piece[1];
+  bool isInside = false;
+  bool isEscaped = false;
+  for (const char character : literals) {
+    if (character == '"' && !isEscaped) {
+      isInside = !isInside;
+    } else if (isInside) {
+      text += character;
+    }
+    isEscaped = character == '\\' && !isEscaped;
+  }
   return text;
 }
 
 /// Text and name of every message in the code.
 std::vector<Entry> messages() {
-  static const std::regex kConstant(R"re((k\w+) =\s*((?:L"(?:[^"\\]|\\.)*"\s*)+);)re");
+  const std::string declaration = "constexpr const wchar_t* ";
   const std::string header = test::contentOf(kRoot / "src/console/Messages.h");
   std::vector<Entry> found;
-  for (const auto& constant : matchesOf(header, kConstant)) {
-    found.emplace_back(unquoted(constant[2]), constant[1]);
+  for (auto at = header.find(declaration); at != std::string::npos;) {
+    const auto name = at + declaration.size();
+    const auto text = header.find(" =", name);
+    at = header.find(declaration, name);
+    found.emplace_back(unquoted(header.substr(text, header.find(";\n", text) - text)),
+                       header.substr(name, text - name));
   }
   return found;
 }
@@ -54,12 +62,14 @@ std::vector<std::string> textsOf(const std::vector<Entry>& entries) {
 
 /// The entries of a catalogue in its order, without the header.
 std::vector<Entry> catalogue(const fs::path& file) {
-  static const std::regex kEntry(
-      R"re(msgid ((?:"(?:[^"\\]|\\.)*"\s*)+)msgstr ((?:"(?:[^"\\]|\\.)*"\s*)+))re");
-  const std::string text = test::contentOf(file);
+  const std::string content = test::contentOf(file);
   std::vector<Entry> entries;
-  for (const auto& entry : matchesOf(text, kEntry)) {
-    entries.emplace_back(unquoted(entry[1]), unquoted(entry[2]));
+  for (auto at = content.find("\nmsgid "); at != std::string::npos;) {
+    const auto translation = content.find("\nmsgstr ", at);
+    const auto next = content.find("\nmsgid ", translation);
+    entries.emplace_back(unquoted(content.substr(at, translation - at)),
+                         unquoted(content.substr(translation, next - translation)));
+    at = next;
   }
   if (!entries.empty() && entries.front().first.empty()) entries.erase(entries.begin());
   return entries;
@@ -81,8 +91,11 @@ bool sharesLineWithNext(const std::string& text) {
 
 TEST(Catalogues, HeaderIsReadWhole) {
   const std::string header = test::contentOf(kRoot / "src/console/Messages.h");
-  const auto declared = matchesOf(header, std::regex("constexpr const wchar_t\\* k"));
-  EXPECT_EQ(messages().size(), declared.size());
+  std::size_t lines = 0;
+  for (auto at = header.find("\ninline"); at != std::string::npos; ++lines) {
+    at = header.find("\ninline", at + 1);
+  }
+  EXPECT_EQ(messages().size(), lines);
   EXPECT_THAT(textsOf(messages()), testing::Contains("FATAL ERROR: Malformed input file: "));
 }
 
@@ -103,22 +116,34 @@ TEST(Catalogues, EveryLanguageTranslatesTheMessagesOfTheCodeAndNoOthers) {
   }
 }
 
-TEST(Catalogues, CodeTranslatesNothingButTheMessages) {
-  static const std::regex kOtherTexts(R"re(message\(\s*L"|translate\(|gettext\()re");
+/// The sources of the program, path and content.
+std::map<fs::path, std::string> sources() {
+  std::map<fs::path, std::string> found;
   for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
-    const fs::path& file = entry.path();
-    if (file.extension() != ".cpp" || file == kRoot / "src/console/Output.cpp") continue;
-    EXPECT_FALSE(std::regex_search(test::contentOf(file), kOtherTexts)) << file;
+    if (entry.path().extension() == ".cpp") found[entry.path()] = test::contentOf(entry.path());
+  }
+  return found;
+}
+
+TEST(Catalogues, CodeTranslatesNothingButTheMessages) {
+  for (const auto& [file, code] : sources()) {
+    if (file == kRoot / "src/console/Output.cpp") continue;
+    for (const char* call : {"message(L\"", "translate(", "gettext("}) {
+      EXPECT_EQ(code.find(call), std::string::npos) << file << " has " << call;
+    }
   }
 }
 
 TEST(Catalogues, CodeShowsEveryMessage) {
   std::string code;
-  for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
-    if (entry.path().extension() == ".cpp") code += test::contentOf(entry.path());
-  }
-  for (const auto& [text, name] : messages()) {
-    EXPECT_TRUE(std::regex_search(code, std::regex("console::" + name + "\\b"))) << text;
+  for (const auto& source : sources()) code += source.second;
+  for (const auto& message : messages()) {
+    const std::string name = "console::" + message.second;
+    auto at = code.find(name);
+    while (at != std::string::npos && std::isalnum(code[at + name.size()]) != 0) {
+      at = code.find(name, at + 1);
+    }
+    EXPECT_NE(at, std::string::npos) << name << " is shown nowhere";
   }
 }
 
