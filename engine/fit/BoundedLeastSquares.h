@@ -82,8 +82,11 @@ class BoundedLeastSquares {
       NUM_RESIDUALS = Problem::kResiduals + NUM_PARAMETERS
     };
 
-    Function(const Problem& problem, const Vector& lower, const Vector& upper, ProgressHook hook)
-        : problem_(problem), hook_(std::move(hook)), lower_(lower), upper_(upper) {}
+    Function(const Problem& problem, Vector lower, Vector upper, ProgressHook hook)
+        : problem_(problem),
+          hook_(std::move(hook)),
+          lower_(std::move(lower)),
+          upper_(std::move(upper)) {}
 
     void setRegularisation(const double lam) { rootOfLam_ = std::sqrt(lam); }
     void setBox(const Vector& lower, const Vector& upper) {
@@ -95,6 +98,7 @@ class BoundedLeastSquares {
     }
     [[nodiscard]] std::int32_t steps() const noexcept { return steps_; }
 
+    // NOLINTNEXTLINE(readability-non-const-parameter): the signature that TinySolver calls
     bool operator()(const double* x, double* residuals, double* jacobian) const {
       const Vector z = projected(Eigen::Map<const Vector>(x));
       Eigen::Map<Residuals> r(residuals);

@@ -183,9 +183,9 @@ TEST(UnidirectionalFit, PublishedLaminaeAreMetByConstituentsNearTheirData) {
   }
 }
 
-// The smallest singular value of the sensitivities is 0.14 (glass), so that five targets each off
-// by 1 % move the constituents by at most sqrt(5) 0.01 / 0.14 = 0.16.
-constexpr double kMoveForOnePercent = 0.16;
+// The smallest singular value of the sensitivities is 0.12 (glass), so that five targets each off
+// by 1 % move the constituents by at most sqrt(5) 0.01 / 0.12 = 0.19.
+constexpr double kMoveForOnePercent = 0.19;
 
 TEST(UnidirectionalFit, OnePercentOfScatterMovesTheConstituentsLittle) {
   test::RandomMaterials random(43);
