@@ -17,17 +17,20 @@ namespace lamcraft::driver {
 namespace {
 
 /// The system's locale with its messages. Only the parts are made that the program uses: making
-/// them all takes several times as long.
+/// them all takes several times as long. And narrow messages cannot be had where the name of the
+/// locale tells no encoding, as "de_DE": their umlauts are not ASCII.
 std::locale generatedLocale(const std::string& messagesPath, const std::string& domain) {
   auto backends = boost::locale::localization_backend_manager::global();
   backends.select(platform::localeBackend());
   boost::locale::generator generator(backends);
-  generator.characters(boost::locale::char_facet | boost::locale::wchar_t_facet);
-  generator.categories(boost::locale::formatting_facet | boost::locale::message_facet |
-                       boost::locale::information_facet);
+  generator.characters(boost::locale::char_facet);
+  generator.categories(boost::locale::formatting_facet | boost::locale::information_facet);
+  const std::locale narrow = generator("");
+  generator.characters(boost::locale::wchar_t_facet);
+  generator.categories(boost::locale::message_facet);
   generator.add_messages_path(messagesPath);
   generator.add_messages_domain(domain);
-  return generator("");
+  return generator.generate(narrow, "");
 }
 
 bool isGermanSystem() {

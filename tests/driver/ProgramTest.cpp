@@ -60,6 +60,15 @@ TEST(Program, GermanTextsReachAStreamThatKnowsAsciiAlone) {
             "Could not open file missing.qdk\n");
 }
 
+TEST(Program, NameOfALocaleNeedsNoEncoding) {
+  const ProcessResult result =
+      test::run({kProgram, {"missing.qdk"}, {{"LC_ALL", "C"}, {"LC_CTYPE", "de_DE"}}});
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(result.out,
+            "SCHWERWIEGENDER FEHLER: Unbekannter Fehler beim Einlesen der Eingabedatei\n"
+            "Could not open file missing.qdk\n");
+}
+
 TEST(Program, PathThatIsNotAsciiAppearsAsItIs) {
   const TemporaryFolder folder;
   const std::string program = folder.file("lamcraft \xc3\xbc");
@@ -75,9 +84,12 @@ TEST(Program, PathThatIsNotAsciiAppearsAsItIs) {
 TEST(Program, LocaleThatIsNotInstalledEndsTheRunAsASuccess) {
   for (const std::vector<std::string>& arguments :
        {std::vector<std::string>{}, std::vector<std::string>{"missing.qdk"}}) {
-    const ProcessResult result = run(arguments, "xx_XX.UTF-8");
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.out, "FATAL ERROR: Unable to setup localization: \nbad locale name\n");
+    for (const char* locale : {"xx_XX.UTF-8", "xx_XX", "de_XX"}) {
+      const ProcessResult result = run(arguments, locale);
+      EXPECT_EQ(result.exitCode, 0);
+      EXPECT_EQ(result.out, "FATAL ERROR: Unable to setup localization: \nbad locale name\n")
+          << locale;
+    }
   }
 }
 
