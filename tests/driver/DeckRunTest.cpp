@@ -22,17 +22,19 @@ using testing::StartsWith;
 
 class DeckRun : public testing::Test {
  protected:
-  /// Runs the program on `deck` in a folder of its own, with the stand-in library.
+  /// Runs the program on `deck` in a folder of its own, with the stand-in library, whose calls come
+  /// into "calls.txt".
   ProcessResult run(const UniDeck& deck,
                     const std::vector<std::string>& moreArguments = {},
                     const std::string& locale = "C") {
     std::vector<std::string> arguments{folder_.write("deck.qdk", deck.text())};
     arguments.insert(arguments.end(), moreArguments.begin(), moreArguments.end());
-    ProcessResult result =
-        test::run({LAMCRAFT_PROGRAM,
-                   arguments,
-                   {{"LC_ALL", locale}, {"LD_LIBRARY_PATH", LAMCRAFT_FAKE_FOLDER}},
-                   folder_.path().string()});
+    ProcessResult result = test::run({LAMCRAFT_PROGRAM,
+                                      arguments,
+                                      {{"LC_ALL", locale},
+                                       {"LD_LIBRARY_PATH", LAMCRAFT_FAKE_FOLDER},
+                                       {"KXFAKE_LOG", folder_.file("calls.txt")}},
+                                      folder_.path().string()});
     EXPECT_EQ(result.err, "");
     return result;
   }
@@ -58,6 +60,21 @@ TEST_F(DeckRun, UnknownKeywordIsAMalformedFile) {
   deck.more = "*BRAID\n1\n";
   const ProcessResult result = run(deck, {"out"});
   EXPECT_EQ(result.out, "FATAL ERROR: Malformed input file: \nInvalid keyword: BRAID\n");
+  EXPECT_EQ(result.exitCode, 1);
+}
+
+TEST_F(DeckRun, KeywordOutOfPlaceIsAMalformedFile) {
+  UniDeck deck;
+  deck.more = "*BVF\n0.4, 0.4\n";
+  ProcessResult result = run(deck, {"out"});
+  EXPECT_EQ(result.out, "FATAL ERROR: Malformed input file: \nMisplaced keyword: BVF\n");
+  EXPECT_EQ(result.exitCode, 1);
+
+  deck.material = "** no material\n";
+  result = run(deck, {"out"});
+  EXPECT_EQ(result.out,
+            "FATAL ERROR: Malformed input file: \n"
+            "Keyword, FVF, missing parent keyword: MATERIAL\n");
   EXPECT_EQ(result.exitCode, 1);
 }
 
@@ -146,6 +163,14 @@ TEST_F(DeckRun, MissingMaterialsFolderIsRefused) {
   EXPECT_FALSE(exists("missing"));
 }
 
+TEST_F(DeckRun, EmptyResultsFolderCountsAsGiven) {
+  makeFolder("materials");
+  UniDeck deck;
+  deck.solve = solveIn("materials");
+  expectRefusal(run(deck, {""}), "FATAL ERROR: Unable to create material directory:\n\n");
+  EXPECT_FALSE(exists("materials/PLY"));
+}
+
 TEST_F(DeckRun, FolderBelowAMissingOneIsRefused) {
   expectRefusal(run(UniDeck(), {"missing/ply"}),
                 "FATAL ERROR: Unable to create material directory:\nmissing/ply\n");
@@ -165,6 +190,19 @@ TEST_F(DeckRun, ExistingMaterialIsKeptUnlessTheDeckSaysOverwrite) {
   deck.material = "*MATERIAL, TYPE=UNI, SYSTEM=XYZ, NAME=PLY, OVERWRITE\n1\n";
   EXPECT_EQ(run(deck, {"out"}).exitCode, 0);
   EXPECT_NE(contentOf(folder_.path() / "out/mdata.xml"), "mine");
+}
+
+TEST_F(DeckRun, LibraryGetsTheMaximumErrorsAtEachSolveKeyword) {
+  UniDeck deck;
+  deck.solve = "*SOLVE, MATDIR=X\n*SOLVE, MATDIR=X\n1e-4\n*SOLVE, MATDIR=X\n";
+  deck.more = "*BRAID\n";
+  run(deck, {"out"});
+  const auto calls = [](const std::string& first) {
+    return "SETMAXERROR\n  compositeKind: 2\n  selector: 1\n  maximumError: " + first +
+           "\nSETMAXERROR\n  compositeKind: 2\n  selector: 2\n  maximumError: 0.001\n";
+  };
+  EXPECT_EQ(contentOf(folder_.path() / "calls.txt"),
+            calls("0.001") + calls("0.0001") + calls("0.0001"));
 }
 
 TEST_F(DeckRun, FolderNamedLikeTheDataFileDoesNotCountAsOne) {
