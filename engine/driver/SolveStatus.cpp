@@ -12,11 +12,10 @@ void SolveStatus::publish(std::int32_t iteration, double error) noexcept {
   version_.fetch_add(1);
 }
 
-void SolveStatus::begin(double error) noexcept {
+void SolveStatus::begin() noexcept {
   constexpr auto kLast = std::numeric_limits<std::int32_t>::max();
   const auto last = iteration_.load();
   base_ = last < kLast ? last + 1 : last;
-  publish(base_, error);
 }
 
 void SolveStatus::report(std::int32_t iteration, double error) noexcept {

@@ -18,8 +18,8 @@ class SolveStatus {
     double error = 0.0;
   };
 
-  /// Starts a solve at the given error; its iterations count on from those before.
-  void begin(double error) noexcept;
+  /// Starts a solve: the iterations that it reports count on from those before.
+  void begin() noexcept;
   /// `iteration` counts from 0 within the solve. Numbers that go back are raised to the last one.
   void report(std::int32_t iteration, double error) noexcept;
   /// Any thread.

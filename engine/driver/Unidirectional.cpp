@@ -78,7 +78,7 @@ void UNI_OPTIMIZATION(const double* fiberVolumeFraction,
     writeSummary({}, errors + 2, iterations + 1);
     const kx::UnidirectionalMaterials given{
         kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
-    kx::EngineState::instance().status().begin(kx::kNoFitError);
+    kx::EngineState::instance().status().begin();
     const auto result = kx::fitUnidirectional(*fiberVolumeFraction, given, fitOptions());
     kx::copyTo(result.materials.lamina, lamina);
     kx::copyTo(result.materials.fiber, fiber);
