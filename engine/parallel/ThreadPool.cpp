@@ -46,8 +46,7 @@ struct ThreadPool::Shared {
     signal.wait(lock, condition);
   }
 
-  void serve() {
-    unsigned seen = 0;
+  void serve(unsigned seen) {
     while (true) {
       waitFor(wake, [&] { return stopping || round != seen; });
       if (stopping) return;
@@ -65,19 +64,21 @@ struct ThreadPool::Shared {
 };
 
 ThreadPool::ThreadPool(const int threads)
-    : threads_(std::max(1, threads)), shared_(std::make_unique<Shared>()) {
-  for (int worker = 1; worker < threads_; ++worker) {
-    shared_->workers.emplace_back([this] { shared_->serve(); });
-  }
-}
+    : threads_(std::max(1, threads)), shared_(std::make_unique<Shared>()) {}
 
 ThreadPool::~ThreadPool() {
+  rest();
+}
+
+void ThreadPool::rest() {
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);
     shared_->stopping = true;
   }
   shared_->wake.notify_all();
   for (std::thread& worker : shared_->workers) worker.join();
+  shared_->workers.clear();
+  shared_->stopping = false;
 }
 
 int ThreadPool::defaultThreads() {
@@ -92,6 +93,9 @@ void ThreadPool::forEach(const std::size_t items, const std::function<void(std::
   if (threads_ == 1 || items < 2) {
     for (std::size_t item = 0; item < items; ++item) work(item);
     return;
+  }
+  while (shared_->workers.size() + 1 < static_cast<std::size_t>(threads_)) {
+    shared_->workers.emplace_back([this, seen = shared_->round.load()] { shared_->serve(seen); });
   }
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);

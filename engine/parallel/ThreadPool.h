@@ -11,7 +11,7 @@ namespace kx {
 ///
 /// Which thread works on which item is left open, so an item writes only what is its own, and sums
 /// over items are taken by the caller in the order of the items: then results have the same bits
-/// for any number of threads.
+/// for any number of threads. Workers start with the first loop.
 class ThreadPool {
  public:
   /// `threads` >= 1 counts the caller, who works along.
@@ -28,6 +28,9 @@ class ThreadPool {
   /// Calls work(0) ... work(items - 1), each once, and returns when all are done. Must not be
   /// called from inside of work. The first exception that an item throws is thrown again here.
   void forEach(std::size_t items, const std::function<void(std::size_t)>& work);
+
+  /// Ends the workers; the next loop starts new ones. For pools that outlive their work.
+  void rest();
 
  private:
   struct Shared;

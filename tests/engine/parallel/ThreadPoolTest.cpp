@@ -29,6 +29,16 @@ TEST(ThreadPool, SharesOutManyLoopsInARow) {
   EXPECT_EQ(sum, 2000 * 6);
 }
 
+TEST(ThreadPool, WorksOnAfterARest) {
+  ThreadPool pool(3);
+  std::atomic<int> visits{0};
+  for (int round = 0; round < 5; ++round) {
+    pool.forEach(10, [&](std::size_t) { ++visits; });
+    pool.rest();
+  }
+  EXPECT_EQ(visits, 50);
+}
+
 TEST(ThreadPool, PassesAnExceptionOnAfterTheLoop) {
   ThreadPool pool(2);
   std::atomic<int> visited{0};
