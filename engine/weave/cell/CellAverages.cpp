@@ -208,6 +208,34 @@ CellResponse cellResponse(const CellMaterials& materials,
   return response;
 }
 
+double strainEnergy(const CellMaterials& materials,
+                    const CellFields& fields,
+                    const std::size_t loadCase) {
+  const MaterialField& field = materials.field();
+  const GridShape& shape = field.shape();
+  const auto n3 = static_cast<std::size_t>(shape.n3);
+  const std::size_t count = static_cast<std::size_t>(shape.n2) * n3;
+  std::vector<double> strains(6 * count);
+  double sum = 0.0;
+  for (int i = 0; i < shape.n1; ++i) {
+    planeStrains(fields, loadCase, i, strains.data());
+    const std::int32_t* const rows = field.rowRuns(i);
+    for (int j = 0; j < shape.n2; ++j) {
+      for (std::int32_t run = rows[j]; run < rows[j + 1]; ++run) {
+        const Matrix6 c = field.stiffness(field.runs()[run].material);
+        const int end = run + 1 < rows[j + 1] ? field.runs()[run + 1].begin : shape.n3;
+        for (int k = field.runs()[run].begin; k < end; ++k) {
+          const Eigen::Map<const Vector6, 0, Eigen::InnerStride<>> strain(
+              strains.data() + static_cast<std::size_t>(j) * n3 + static_cast<std::size_t>(k),
+              Eigen::InnerStride<>(static_cast<Eigen::Index>(count)));
+          sum += strain.dot(c * strain);
+        }
+      }
+    }
+  }
+  return sum / static_cast<double>(shape.voxels());
+}
+
 Matrix6 CellSensitivity::stiffnessFor(
     const std::array<TransverselyIsotropic, kCellPhases>& phases) const {
   Matrix6 overall = Matrix6::Zero();

@@ -55,6 +55,10 @@ struct CellSensitivity {
   Matrix6 stiffnessFor(const std::array<TransverselyIsotropic, kCellPhases>& phases) const;
 };
 
+/// Mean over the cell of strain : C : strain under one unit strain [Pa]: the diagonal entry of C*,
+/// with an error that is the square of the residual's.
+double strainEnergy(const CellMaterials& materials, const CellFields& fields, std::size_t loadCase);
+
 CellSensitivity cellSensitivity(const CellMaterials& materials,
                                 const CellFields& fields,
                                 ThreadPool& team);

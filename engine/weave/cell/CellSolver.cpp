@@ -1,5 +1,7 @@
 #include "weave/cell/CellSolver.h"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace kx {
@@ -67,12 +69,11 @@ bool CellSolver::isExchangeable(const UnitCell& cell, const CellConstituents& co
   if (geometry.fillFraction() != geometry.warpFraction()) return false;
   const PhaseStiffness& fill = constituents.phases[kFill];
   const PhaseStiffness& warp = constituents.phases[kWarp];
-  if (fill.c != warp.c || fill.beta != warp.beta) return false;
+  if (fill.c != warp.c) return false;
   const PhaseStiffness& pocket = constituents.phases[kPocket];
   const Matrix6 turn = strainTransform(warpFrame(0.0));
   const double rounding = 1e-14 * pocket.c.norm();
-  return (rotateStiffness(pocket.c, turn) - pocket.c).norm() <= rounding &&
-         (rotateStress(pocket.beta, turn) - pocket.beta).norm() <= 1e-14 * pocket.beta.norm();
+  return (rotateStiffness(pocket.c, turn) - pocket.c).norm() <= rounding;
 }
 
 int CellSolver::solvePair(const CellMaterials& materials,
@@ -87,34 +88,59 @@ int CellSolver::solvePair(const CellMaterials& materials,
   return reports[0].iterations + reports[1].iterations;
 }
 
-int CellSolver::solve(const CellMaterials& materials,
-                      const ThermalCase thermal,
-                      const SolveSettings& settings,
-                      CellFields& fields) {
-  const bool exchangeable = isExchangeable(cell_, materials.constituents());
-  const std::vector<CasePair> pairs = casesToSolve(exchangeable, thermal);
-  fields = startFor(pairs, cell_.shape(), std::move(fields));
+int CellSolver::solvePairs(const CellMaterials& materials,
+                           const SolveSettings& settings,
+                           CellFields& fields) {
+  const std::size_t pairs = fields.cases.size();
   const auto threads = static_cast<std::size_t>(team_.threads());
   const bool large = cell_.shape().voxels() > kLargeCell;
-  const std::size_t together = large ? 0 : pairs.size() / threads * threads;
+  const std::size_t together = large ? 0 : pairs / threads * threads;
   const std::size_t workspaces = together > 0 ? threads : 1;
   while (solvers_.size() < workspaces) solvers_.push_back(std::make_unique<PairSolver>(basis_));
-  std::vector<int> iterations(pairs.size());
+  std::vector<int> iterations(pairs);
   for (std::size_t round = 0; round < together; round += threads) {
     team_.forEach(threads, [&](const std::size_t t) {
       ThreadPool alone(1);
       const std::size_t p = round + t;
       iterations[p] =
-          solvePair(materials, settings, pairs[p], fields.pairs[p], *solvers_[t], alone);
+          solvePair(materials, settings, fields.cases[p], fields.pairs[p], *solvers_[t], alone);
     });
   }
-  for (std::size_t p = together; p < pairs.size(); ++p) {
-    iterations[p] = solvePair(materials, settings, pairs[p], fields.pairs[p], *solvers_[0], team_);
+  for (std::size_t p = together; p < pairs; ++p) {
+    iterations[p] =
+        solvePair(materials, settings, fields.cases[p], fields.pairs[p], *solvers_[0], team_);
   }
+  return std::accumulate(iterations.begin(), iterations.end(), 0);
+}
+
+int CellSolver::solve(const CellMaterials& materials,
+                      const ThermalCase thermal,
+                      const SolveSettings& settings,
+                      CellFields& fields) {
+  const bool exchangeable = isExchangeable(cell_, materials.constituents());
+  fields = startFor(casesToSolve(exchangeable, thermal), cell_.shape(), std::move(fields));
+  const int iterations = solvePairs(materials, settings, fields);
   if (exchangeable) addExchangedCases(cell_, fields);
-  int sum = 0;
-  for (const int count : iterations) sum += count;
-  return sum;
+  return iterations;
+}
+
+int CellSolver::solveCase(const CellMaterials& materials,
+                          const std::size_t loadCase,
+                          const SolveSettings& settings,
+                          CellFields& fields) {
+  const CasePair pair{loadCase, kLoadCases};
+  CellFields own = startFor({pair}, cell_.shape(), {});
+  const auto known = std::find(fields.cases.begin(), fields.cases.end(), pair);
+  if (known != fields.cases.end()) {
+    const auto at = known - fields.cases.begin();
+    own.pairs[0] = std::move(fields.pairs[static_cast<std::size_t>(at)]);
+    fields.cases.erase(known);
+    fields.pairs.erase(fields.pairs.begin() + at);
+  }
+  const int iterations = solvePairs(materials, settings, own);
+  fields.cases.push_back(pair);
+  fields.pairs.push_back(std::move(own.pairs[0]));
+  return iterations;
 }
 
 }  // namespace kx

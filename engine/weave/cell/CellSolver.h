@@ -29,10 +29,18 @@ class CellSolver {
             const SolveSettings& settings,
             CellFields& fields);
 
-  /// True when exchanging fill and warp, with the ply turned over, changes nothing.
+  /// Solves one load case by itself, from its field in `fields` if it was solved by itself before,
+  /// else from zero; the other cases in `fields` stay.
+  int solveCase(const CellMaterials& materials,
+                std::size_t loadCase,
+                const SolveSettings& settings,
+                CellFields& fields);
+
+  /// True when exchanging fill and warp, with the ply turned over, changes no stiffness.
   static bool isExchangeable(const UnitCell& cell, const CellConstituents& constituents);
 
  private:
+  int solvePairs(const CellMaterials& materials, const SolveSettings& settings, CellFields& fields);
   int solvePair(const CellMaterials& materials,
                 const SolveSettings& settings,
                 const CasePair& cases,
