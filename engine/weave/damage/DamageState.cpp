@@ -1,0 +1,78 @@
+#include "weave/damage/DamageState.h"
+
+#include <algorithm>
+
+#include "lamina/UnidirectionalLamina.h"
+
+namespace kx {
+
+namespace {
+
+constexpr double kMatrixFactor = 0.1;  // where none is given
+constexpr double kFiberFactor = 0.01;
+constexpr double kSmallestFactor = 1e-4;
+
+double factorOr(const double given, const double standIn) {
+  return given > 0.0 && given <= 1.0 ? std::max(given, kSmallestFactor) : standIn;
+}
+
+TransverselyIsotropic softened(TransverselyIsotropic solid, const double factor) {
+  solid.e11 *= factor;
+  solid.e22 *= factor;
+  solid.g12 *= factor;
+  return solid;
+}
+
+struct Tow {
+  TransverselyIsotropic fiber;
+  TransverselyIsotropic matrix;
+};
+
+Tow towIn(const std::int32_t code,
+          const TransverselyIsotropic& fiber,
+          const TransverselyIsotropic& matrix,
+          const DegradationFactors& factors) {
+  Tow tow{fiber, matrix};
+  if (code >= 1) tow.matrix = softened(matrix, factors.matrix);
+  if (code >= 2) tow.fiber = softened(fiber, factors.fiber);
+  return tow;
+}
+
+}  // namespace
+
+DamageState damageState(WeaveModel& model,
+                        const WeaveDescription& weave,
+                        const TransverselyIsotropic& fiber,
+                        const TransverselyIsotropic& matrix,
+                        const DamageCodes& codes,
+                        const DegradationFactors& factors) {
+  const DegradationFactors given{factorOr(factors.fiber, kFiberFactor),
+                                 factorOr(factors.matrix, kMatrixFactor)};
+  const Tow fill = towIn(codes.fill, fiber, matrix, given);
+  const Tow warp = towIn(codes.warp, fiber, matrix, given);
+  const auto pocket = codes.pocket >= 1 ? softened(matrix, given.matrix) : matrix;
+  const CellResponse response =
+      model.response(weave, {pocket, fill.fiber, fill.matrix, warp.fiber, warp.matrix});
+  const auto inFill = homogenise(fill.fiber, fill.matrix, weave.fiberFraction);
+  const auto inWarp = homogenise(warp.fiber, warp.matrix, weave.fiberFraction);
+  DamageState state;
+  state.composite = propertiesFromCompliance(response.compliance, response.expansion);
+  state.pocket = properties(pocket);
+  state.fill = properties(inFill.effective);
+  state.warp = properties(inWarp.effective);
+  state.fillFiber = properties(fill.fiber);
+  state.fillMatrix = properties(fill.matrix);
+  state.warpFiber = properties(warp.fiber);
+  state.warpMatrix = properties(warp.matrix);
+  state.inPocket = response.phases[kPocket];
+  state.inFill = response.phases[kFill];
+  state.inWarp = response.phases[kWarp];
+  state.inInterface = response.interface;
+  state.fiberInFill = concentration(fill.fiber, inFill.fiber, inFill.effective);
+  state.matrixInFill = concentration(fill.matrix, inFill.matrix, inFill.effective);
+  state.fiberInWarp = concentration(warp.fiber, inWarp.fiber, inWarp.effective);
+  state.matrixInWarp = concentration(warp.matrix, inWarp.matrix, inWarp.effective);
+  return state;
+}
+
+}  // namespace kx

@@ -1,0 +1,53 @@
+#include "weave/model/WeaveDescription.h"
+
+#include "lamina/UnidirectionalLamina.h"
+
+namespace kx {
+
+namespace {
+
+bool isFraction(const double value) {
+  return value > 0.0 && value < 1.0;
+}
+
+}  // namespace
+
+bool WeaveDescription::isSensible() const {
+  constexpr double kFull = 1.0 + 1e-9;  // a sum of two fractions that a deck rounds
+  return InterlacingPattern::ofHarness(harness).has_value() && isFraction(fillFraction) &&
+         isFraction(warpFraction) && isFraction(fiberFraction) &&
+         fillFraction + warpFraction <= kFull;
+}
+
+UnitCell WeaveDescription::unitCell() const {
+  const InterlacingPattern pattern = *InterlacingPattern::ofHarness(harness);
+  const int tows = pattern.tows();
+  const double thickness =
+      thicknessOverPitch > 0.0 ? thicknessOverPitch : WeaveGeometry::defaultThickness(tows);
+  return {WeaveGeometry(pattern, fillFraction, warpFraction, thickness),
+          resolution.perTow > 0 ? resolution : defaultResolution(tows)};
+}
+
+bool WeaveConstituents::areAdmissible() const {
+  return isAdmissible(pocket) && isAdmissible(fillFiber) && isAdmissible(fillMatrix) &&
+         isAdmissible(warpFiber) && isAdmissible(warpMatrix);
+}
+
+std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents& constituents,
+                                                        const double fiberFraction) {
+  return {constituents.pocket,
+          homogenise(constituents.fillFiber, constituents.fillMatrix, fiberFraction).effective,
+          homogenise(constituents.warpFiber, constituents.warpMatrix, fiberFraction).effective};
+}
+
+CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveConstituents& given) {
+  CellConstituents result;
+  const auto phases = phasesOf(given, weave.fiberFraction);
+  for (std::size_t r = 0; r < kCellPhases; ++r) {
+    result.phases[r].c = stiffness(phases[r]);
+    result.phases[r].beta = result.phases[r].c * expansion(properties(phases[r]));
+  }
+  return result;
+}
+
+}  // namespace kx

@@ -1,0 +1,266 @@
+#include "weave/fit/WeaveFit.h"
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "fit/MatrixSymmetry.h"
+#include "support/ReferenceData.h"
+
+namespace kx {
+namespace {
+
+WeaveDescription weave(const int harness, const CellResolution& resolution) {
+  WeaveDescription description;
+  description.harness = harness;
+  description.fillFraction = description.warpFraction = 0.4;
+  description.fiberFraction = 0.7;
+  description.resolution = resolution;
+  return description;
+}
+
+const TransverselyIsotropic kStartFiber{200e9, 17e9, 0.23, 0.3, 15e9, -3e-7, 1.2e-5};
+const TransverselyIsotropic kStartMatrix = isotropic(4.2e9, 0.33, 4.5e-5);
+
+WeaveMaterials consistentTask(WeaveModel& model, const WeaveDescription& description) {
+  const TransverselyIsotropic fiber{230e9, 15e9, 0.2, 0.25, 20e9, -5e-7, 1e-5};
+  const auto truth = WeaveConstituents::uniform(fiber, isotropic(3.5e9, 0.35, 5.5e-5));
+  const CellResponse ply = model.response(description, truth);
+  return {propertiesFromCompliance(ply.compliance, ply.expansion),
+          properties(kStartFiber),
+          properties(kStartMatrix)};
+}
+
+FitOptions isotropicMatrix() {
+  FitOptions options;
+  options.isotropicMatrix = true;
+  return options;
+}
+
+TEST(WeaveFit, MeetsTargetsThatConstituentsCanGive) {
+  for (const int harness : {1, 4, 5}) {
+    WeaveModel model(2);
+    const auto description = weave(harness, {6, 6});
+    const WeaveMaterials given = consistentTask(model, description);
+    const WeaveFitResult fit = fitWeave(model, description, given, isotropicMatrix());
+    // Both plies come from field solves that leave 3e-5 in Poisson's ratios.
+    EXPECT_LT(fit.mechanical.finalError, 3e-5) << harness;
+    EXPECT_LT(fit.thermal.finalError, 1e-4) << harness;
+    EXPECT_EQ(fit.mechanical.termination, Termination::converged);
+    EXPECT_LE(fit.mechanical.iterations, 12);
+    // What the ply determines well, as in a lamina: E11 of the fiber and the matrix's modulus.
+    EXPECT_NEAR(fit.materials.fiber.e11, 230e9, 0.01 * 230e9);
+    EXPECT_NEAR(fit.materials.matrix.e11, 3.5e9, 0.03 * 3.5e9);
+  }
+}
+
+TEST(WeaveFit, ReturnsThePlyThatTheModelGivesForItsConstituents) {
+  WeaveModel model(1);
+  const auto description = weave(1, {6, 6});
+  const WeaveMaterials given = consistentTask(model, description);
+  const WeaveFitResult fit = fitWeave(model, description, given, isotropicMatrix());
+  WeaveModel fresh(1);
+  const CellResponse ply =
+      fresh.response(description,
+                     WeaveConstituents::uniform(transverselyIsotropic(fit.materials.fiber),
+                                                matrixStart(fit.materials.matrix, true).constants));
+  const Properties expected = propertiesFromCompliance(ply.compliance, ply.expansion);
+  for (const auto member : kPropertyOrder<double>) {
+    EXPECT_EQ(fit.materials.lamina.*member, expected.*member);
+  }
+}
+
+TEST(WeaveFit, ReportsEveryFieldSolve) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  FitOptions options = isotropicMatrix();
+  std::vector<std::int32_t> numbers;
+  std::vector<double> errors;
+  options.progress = [&](const std::int32_t iteration, const double error) {
+    numbers.push_back(iteration);
+    errors.push_back(error);
+  };
+  const auto fit = fitWeave(model, description, consistentTask(model, description), options);
+  ASSERT_EQ(static_cast<std::int32_t>(numbers.size()), fit.mechanical.iterations);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    EXPECT_EQ(numbers[i], static_cast<std::int32_t>(i) + 1);
+  }
+  EXPECT_DOUBLE_EQ(errors.front(), fit.mechanical.initialError);
+}
+
+TEST(WeaveFit, KeepsATransverselyIsotropicMatrixSo) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  WeaveMaterials given = consistentTask(model, description);
+  given.matrix.e22 = given.matrix.e33 = 1.2 * given.matrix.e11;
+  const WeaveFitResult fit = fitWeave(model, description, given, {});
+  EXPECT_LT(fit.mechanical.finalError, 1e-4);
+  EXPECT_EQ(fit.materials.matrix.e22, fit.materials.matrix.e33);
+  EXPECT_NE(fit.materials.matrix.e22, fit.materials.matrix.e11);
+}
+
+TEST(WeaveFit, SkipsTargetsThatAreNotGiven) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  WeaveMaterials given = consistentTask(model, description);
+  const Properties complete = given.lamina;
+  given.lamina.g13 = -1.0;
+  given.lamina.e33 = 0.0;
+  given.lamina.a33 = 0.0;
+  const WeaveFitResult fit = fitWeave(model, description, given, isotropicMatrix());
+  EXPECT_LT(fit.mechanical.finalError, 1e-4);
+  EXPECT_NEAR(fit.materials.lamina.e11, complete.e11, 1e-3 * complete.e11);
+  EXPECT_GT(fit.materials.lamina.g13, 0.0);
+}
+
+TEST(WeaveFit, NonsenseReturnsTheStartValues) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  const WeaveMaterials task = consistentTask(model, description);
+  std::vector<std::pair<WeaveDescription, WeaveMaterials>> cases;
+  const auto add = [&](const auto& spoil) {
+    auto next = std::make_pair(description, task);
+    spoil(next.first, next.second);
+    cases.push_back(next);
+  };
+  add([](auto& w, auto&) { w.harness = 3; });
+  add([](auto& w, auto&) { w.fillFraction = 0.0; });
+  add([](auto& w, auto&) { w.fiberFraction = std::nan(""); });
+  add([](auto&, auto& m) { m.fiber.e11 = -1.0; });
+  add([](auto&, auto& m) { m.lamina.e11 = std::numeric_limits<double>::infinity(); });
+  add([](auto&, auto& m) { m.lamina = {}; });
+  for (const auto& [w, m] : cases) {
+    const WeaveFitResult fit = fitWeave(model, w, m, isotropicMatrix());
+    EXPECT_EQ(fit.mechanical.iterations, 0);
+    EXPECT_GE(fit.mechanical.finalError, fit.mechanical.initialError);
+    EXPECT_EQ(fit.materials.fiber.e22, m.fiber.e22);
+    EXPECT_EQ(fit.materials.matrix.e11, m.matrix.e11);
+  }
+}
+
+TEST(WeaveFit, WrongUnitsStayFinite) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  WeaveMaterials given = consistentTask(model, description);
+  for (const auto modulus : {&Properties::e11, &Properties::e22, &Properties::g12}) {
+    given.lamina.*modulus *= 1e3;
+  }
+  const WeaveFitResult fit = fitWeave(model, description, given, isotropicMatrix());
+  EXPECT_TRUE(isAdmissible(fit.materials.lamina));
+  EXPECT_TRUE(isAdmissible(fit.materials.fiber));
+  EXPECT_LT(fit.mechanical.finalError, fit.mechanical.initialError);
+}
+
+nlohmann::json published(const std::string& id) {
+  for (const auto& entry : test::reference("published.json")) {
+    if (entry.at("id") == id) return entry;
+  }
+  throw std::runtime_error("no published material " + id);
+}
+
+WeaveDescription describe(const nlohmann::json& inputs, const CellResolution& resolution) {
+  WeaveDescription description;
+  description.harness = inputs.at("harness");
+  description.fillFraction = inputs.at("tow_volume_fractions").at(0);
+  description.warpFraction = inputs.at("tow_volume_fractions").at(1);
+  description.fiberFraction = inputs.at("Vf_in_tow");
+  description.resolution = resolution;
+  return description;
+}
+
+TransverselyIsotropic fiberOf(const nlohmann::json& f) {
+  if (f.contains("E_GPa")) {
+    return isotropic(f.at("E_GPa").get<double>() * 1e9, f.at("v").get<double>(), 5e-6);
+  }
+  const double e22 = f.at("E22_GPa").get<double>() * 1e9;
+  const double v23 = f.contains("v23") ? f.at("v23").get<double>()
+                                       : e22 / (2e9 * f.at("G23_GPa").get<double>()) - 1.0;
+  return {f.at("E11_GPa").get<double>() * 1e9,
+          e22,
+          f.at("v12"),
+          v23,
+          f.at("G12_GPa").get<double>() * 1e9,
+          -5e-7,
+          1.5e-5};
+}
+
+WeaveMaterials measured(const nlohmann::json& entry) {
+  const auto& inputs = entry.at("inputs");
+  const auto& targets = entry.at("targets");
+  Properties ply;
+  const auto modulus = [&](const char* name) { return targets.value(name, 0.0) * 1e9; };
+  ply.e11 = modulus("E11_GPa");
+  ply.e22 = modulus("E22_GPa");
+  ply.e33 = modulus("E33_GPa");
+  ply.v12 = targets.value("v12", 0.0);
+  ply.v13 = targets.value("v13", 0.0);
+  ply.v23 = targets.value("v23", 0.0);
+  ply.g12 = modulus("G12_GPa");
+  ply.g13 = modulus("G13_GPa");
+  ply.g23 = modulus("G23_GPa");
+  const auto& matrix = inputs.at("matrix");
+  return {ply,
+          properties(fiberOf(inputs.at("fibre"))),
+          properties(isotropic(
+              matrix.at("E_GPa").get<double>() * 1e9, matrix.at("v").get<double>(), 5e-5))};
+}
+
+// Measured weaves fit no geometry exactly; what an engineer asks of the result.
+TEST(WeaveFit, FitsPublishedWeavesPlausibly) {
+  for (const char* id : {"weave_scida_pw_glass_vinylester",
+                         "weave_di_agp370_5h_carbon_epoxy",
+                         "weave_di_m10e_3783_8hs_glass_epoxy",
+                         "weave_daggumati_5hs_carbon_pps"}) {
+    SCOPED_TRACE(id);
+    const auto entry = published(id);
+    WeaveModel model(2);
+    const WeaveMaterials given = measured(entry);
+    const WeaveFitResult fit =
+        fitWeave(model, describe(entry.at("inputs"), {8, 8}), given, isotropicMatrix());
+    for (const auto inPlane : {&Properties::e11, &Properties::e22, &Properties::g12}) {
+      EXPECT_NEAR(fit.materials.lamina.*inPlane / (given.lamina.*inPlane), 1.0, 0.02);
+    }
+    // Far from the bounds of a factor 5, and a polymer's Poisson's ratio.
+    for (const auto modulus : {&Properties::e11, &Properties::e22, &Properties::g12}) {
+      EXPECT_LT(std::abs(std::log(fit.materials.fiber.*modulus / (given.fiber.*modulus))), 0.7);
+      EXPECT_LT(std::abs(std::log(fit.materials.matrix.*modulus / (given.matrix.*modulus))), 0.7);
+    }
+    EXPECT_GT(fit.materials.matrix.v12, 0.15);
+    EXPECT_LT(fit.materials.matrix.v12, 0.46);
+  }
+}
+
+// Forward predictions from published constituents, within the tolerances that stand with them.
+TEST(WeaveFit, StartsFromGoodPredictionsOfPublishedWeaves) {
+  const auto predicted = [](const char* id) {
+    const auto entry = published(id);
+    WeaveModel model(2);
+    const WeaveMaterials given = measured(entry);
+    const CellResponse ply =
+        model.response(describe(entry.at("inputs"), {}),
+                       WeaveConstituents::uniform(transverselyIsotropic(given.fiber),
+                                                  matrixStart(given.matrix, true).constants));
+    return propertiesFromCompliance(ply.compliance, ply.expansion);
+  };
+  const Properties satin5 = predicted("weave_di_agp370_5h_carbon_epoxy");
+  EXPECT_NEAR(satin5.e11, 77e9, 0.08 * 77e9);
+  EXPECT_NEAR(satin5.e22, 75e9, 0.08 * 75e9);
+  EXPECT_NEAR(satin5.g12, 6.5e9, 0.10 * 6.5e9);
+  EXPECT_NEAR(satin5.v12, 0.05, 0.02);
+  const Properties satin8 = predicted("weave_di_m10e_3783_8hs_glass_epoxy");
+  EXPECT_NEAR(satin8.e11, 24.5e9, 0.06 * 24.5e9);
+  EXPECT_NEAR(satin8.g12, 4.7e9, 0.12 * 4.7e9);
+  EXPECT_NEAR(satin8.v12, 0.11, 0.03);
+  const Properties plain = predicted("weave_scida_pw_glass_vinylester");
+  EXPECT_NEAR(plain.g12, 6.5e9, 0.25 * 6.5e9);
+  EXPECT_NEAR(plain.v12, 0.125, 0.025);
+  EXPECT_NEAR(plain.e33, 11e9, 2.5e9);
+  EXPECT_NEAR(plain.g13, 4.25e9, 0.95e9);
+  EXPECT_NEAR(plain.v13, 0.305, 0.055);
+}
+
+}  // namespace
+}  // namespace kx
