@@ -8,6 +8,8 @@
 
 #include "driver/SolveStatus.h"
 #include "fatigue/PlainWeaveFatigue.h"
+#include "parallel/ThreadPool.h"
+#include "weave/model/WeaveModel.h"
 
 namespace kx {
 
@@ -37,6 +39,9 @@ class EngineState {
 
   SolveStatus& status() noexcept { return status_; }
 
+  /// Solves woven plies and remembers what it has solved, which changes no result.
+  WeaveModel& weaves() { return weaves_; }
+
   /// The intact plain weave that was noted for the next fatigue fit, which takes it away; a fit of
   /// another weave drops it. At most one is kept.
   void noteIntactWeave(const WeaveDecomposition& weave) { intactWeave_ = weave; }
@@ -52,6 +57,7 @@ class EngineState {
   Limits woven_;
   std::atomic<bool> isMatrixIsotropic_{false};
   SolveStatus status_;
+  WeaveModel weaves_{ThreadPool::defaultThreads()};
   std::optional<WeaveDecomposition> intactWeave_;
 };
 

@@ -1,18 +1,90 @@
-// The contract's functions for woven laminae. Until the voxel model stands behind them, they answer
-// as a fit does that found nothing to start from.
+// The contract's functions for woven laminae.
 
 #include <algorithm>
 
 #include "driver/Arguments.h"
 #include "driver/EngineState.h"
+#include "elastic/Properties.h"
+#include "fit/ConstituentSpace.h"
+#include "fit/MatrixSymmetry.h"
 #include "micromech/kxdriver.h"
+#include "shear/MatrixDegradation.h"
+#include "shear/ShearCurve.h"
+#include "weave/damage/DamageState.h"
+#include "weave/fit/WeaveFit.h"
+#include "weave/prefail/ShearSoftening.h"
 
-void WEAVE_OPTIMIZATION(const int32_t* /*harness*/,
-                        const double* /*towFractions*/,
-                        const double* /*fiberFractionInTow*/,
-                        double* /*lamina*/,
-                        double* /*fiber*/,
-                        double* /*matrix*/,
+namespace {
+
+kx::WeaveDescription weaveFrom(const std::int32_t* harness,
+                               const double* towFractions,
+                               const double* fiberFractionInTow) {
+  kx::WeaveDescription weave;
+  weave.harness = *harness;
+  weave.fillFraction = towFractions[0];
+  weave.warpFraction = towFractions[1];
+  weave.fiberFraction = *fiberFractionInTow;
+  return weave;
+}
+
+kx::Constituents constituentsFrom(const double* fiber, const double* matrix) {
+  const bool isotropic = kx::EngineState::instance().isMatrixIsotropic();
+  return {kx::transverselyIsotropic(kx::propertiesFrom(fiber)),
+          kx::matrixStart(kx::propertiesFrom(matrix), isotropic).constants};
+}
+
+bool makeAPly(const kx::WeaveDescription& weave, const kx::Constituents& materials) {
+  return weave.isSensible() && kx::isAdmissible(materials.fiber) &&
+         kx::isAdmissible(materials.matrix);
+}
+
+/// Runs `work` on the engine's weaves; no thread is left when it is done.
+template <typename Work>
+void withWeaves(const Work& work) {
+  struct Rest {
+    kx::WeaveModel& weaves;
+    ~Rest() { weaves.team().rest(); }
+  } const rest{kx::EngineState::instance().weaves()};
+  work(rest.weaves);
+}
+
+kx::FitOptions fitOptions() {
+  auto& state = kx::EngineState::instance();
+  const auto limits = state.maximumErrors(kx::CompositeKind::woven);
+  kx::FitOptions options;
+  options.maximumMechanicalError = limits.mechanical;
+  options.maximumThermalError = limits.thermal;
+  options.isotropicMatrix = state.isMatrixIsotropic();
+  options.progress = [&state](std::int32_t iteration, double error) {
+    state.status().report(iteration, error);
+  };
+  return options;
+}
+
+void writeSummary(const kx::FitSummary& summary, double* errors, std::int32_t* iterations) {
+  errors[0] = summary.initialError;
+  errors[1] = summary.finalError;
+  *iterations = summary.iterations;
+}
+
+/// Writes one slot of a decomposition block and returns the next.
+double* writeSlot(const kx::Concentration& concentration, double* slot) {
+  slot = std::copy_n(concentration.stress.data(), 36, slot);  // Eigen stores by columns
+  slot = std::copy_n(concentration.strain.data(), 36, slot);
+  slot = std::copy_n(concentration.thermalStress.data(), 6, slot);
+  return std::copy_n(concentration.thermalStrain.data(), 6, slot);
+}
+
+constexpr std::size_t kSlot = 84;
+
+}  // namespace
+
+void WEAVE_OPTIMIZATION(const int32_t* harness,
+                        const double* towFractions,
+                        const double* fiberFractionInTow,
+                        double* lamina,
+                        double* fiber,
+                        double* matrix,
                         double* errors,
                         int32_t* iterations,
                         const char* /*text1*/,
@@ -21,60 +93,141 @@ void WEAVE_OPTIMIZATION(const int32_t* /*harness*/,
                         const int32_t* /*zero*/,
                         const int32_t* /*satin*/) {
   kx::EngineState::instance().dropIntactWeave();
-  if (kx::areGiven(errors, iterations)) {
-    std::fill_n(errors, 4, kx::kNoFitError);
-    std::fill_n(iterations, 2, 0);
+  if (!kx::areGiven(errors, iterations)) {
+    return;
   }
+  std::fill_n(errors, 4, kx::kNoFitError);
+  std::fill_n(iterations, 2, 0);
+  if (!kx::areGiven(harness, towFractions, fiberFractionInTow, lamina, fiber, matrix)) {
+    return;
+  }
+  kx::guarded([&] {
+    const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
+    const kx::WeaveMaterials given{
+        kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
+    kx::EngineState::instance().status().begin();
+    withWeaves([&](kx::WeaveModel& weaves) {
+      const auto result = kx::fitWeave(weaves, weave, given, fitOptions());
+      kx::copyTo(result.materials.lamina, lamina);
+      kx::copyTo(result.materials.fiber, fiber);
+      kx::copyTo(result.materials.matrix, matrix);
+      writeSummary(result.mechanical, errors, iterations);
+      writeSummary(result.thermal, errors + 2, iterations + 1);
+    });
+  });
 }
 
-void WEAVE_PREFAIL(const int32_t* /*harness*/,
-                   const double* /*towFractions*/,
-                   const double* /*fiberFractionInTow*/,
-                   const double* /*matrix*/,
-                   const double* /*fiber*/,
+void WEAVE_PREFAIL(const int32_t* harness,
+                   const double* towFractions,
+                   const double* fiberFractionInTow,
+                   const double* matrix,
+                   const double* fiber,
                    const double* /*lamina*/,
-                   const double* /*shearStrength*/,
-                   const double* /*stress*/,
-                   const double* /*strain*/,
+                   const double* shearStrength,
+                   const double* stress,
+                   const double* strain,
                    const char* /*folder*/,
-                   const int32_t* /*pointCount*/,
-                   double* /*m*/,
-                   double* /*b*/,
-                   double* /*thr*/,
-                   double* /*c2mdeg*/,
+                   const int32_t* pointCount,
+                   double* m,
+                   double* b,
+                   double* thr,
+                   double* c2mdeg,
                    int32_t* failed,
                    int32_t* code,
                    const int32_t* /*satin*/) {
-  if (kx::areGiven(failed, code)) {
-    *failed = 1;
-    *code = 0;
+  if (!kx::areGiven(failed, code)) {
+    return;
   }
+  *failed = 1;
+  *code = 0;
+  if (!kx::areGiven(harness, towFractions, fiberFractionInTow, matrix, fiber, shearStrength) ||
+      !kx::areGiven(m, b, thr, c2mdeg)) {
+    return;
+  }
+  kx::guarded([&] {
+    const auto reduction =
+        kx::reduceShearCurve(kx::shearPointsFrom(stress, strain, pointCount), *shearStrength);
+    kx::copyTo(reduction, m, b, thr, failed, code);
+    const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
+    const auto materials = constituentsFrom(fiber, matrix);
+    auto degradation = kx::kEqualDegradation;
+    if (reduction.verdict == kx::CurveVerdict::reduced && makeAPly(weave, materials)) {
+      withWeaves([&](kx::WeaveModel& weaves) {
+        degradation = kx::fitMatrixDegradation(
+            kx::shearSoftening(weaves.team(), weave, materials.fiber, materials.matrix));
+      });
+    }
+    std::copy(degradation.begin(), degradation.end(), c2mdeg);
+  });
 }
 
-void WEAVE_DAMAGE_STATE(int32_t* /*pocketCode*/,
-                        int32_t* /*fillCode*/,
-                        int32_t* /*warpCode*/,
-                        const int32_t* /*harness*/,
-                        const double* /*towFractions*/,
-                        const double* /*fiberFractionInTow*/,
-                        const double* /*fiber*/,
-                        const double* /*matrix*/,
-                        const double* /*fiberDegradation*/,
-                        const double* /*matrixDegradation*/,
-                        double* /*composite*/,
-                        double* /*matrixPocket*/,
-                        double* /*fill*/,
-                        double* /*warp*/,
-                        double* /*fillFiber*/,
-                        double* /*fillMatrix*/,
-                        double* /*warpFiber*/,
-                        double* /*warpMatrix*/,
-                        double* /*unitCellBlock*/,
-                        double* /*fillBlock*/,
-                        double* /*warpBlock*/,
+void WEAVE_DAMAGE_STATE(int32_t* pocketCode,
+                        int32_t* fillCode,
+                        int32_t* warpCode,
+                        const int32_t* harness,
+                        const double* towFractions,
+                        const double* fiberFractionInTow,
+                        const double* fiber,
+                        const double* matrix,
+                        const double* fiberDegradation,
+                        const double* matrixDegradation,
+                        double* composite,
+                        double* matrixPocket,
+                        double* fill,
+                        double* warp,
+                        double* fillFiber,
+                        double* fillMatrix,
+                        double* warpFiber,
+                        double* warpMatrix,
+                        double* unitCellBlock,
+                        double* fillBlock,
+                        double* warpBlock,
                         const int32_t* /*snCount*/,
                         const char* /*text1*/,
                         const char* /*folder*/,
                         const char* /*text3*/,
                         const int32_t* /*zero*/,
-                        const int32_t* /*satin*/) {}
+                        const int32_t* /*satin*/) {
+  if (!kx::areGiven(pocketCode, fillCode, warpCode, harness) ||
+      !kx::areGiven(towFractions, fiberFractionInTow, fiber, matrix) ||
+      !kx::areGiven(fiberDegradation, matrixDegradation, composite, matrixPocket, fill, warp) ||
+      !kx::areGiven(fillFiber, fillMatrix, warpFiber, warpMatrix) ||
+      !kx::areGiven(unitCellBlock, fillBlock, warpBlock)) {
+    return;
+  }
+  kx::guarded([&] {
+    for (double* const set :
+         {composite, matrixPocket, fill, warp, fillFiber, fillMatrix, warpFiber, warpMatrix}) {
+      std::fill_n(set, kx::kPropertyCount, 0.0);
+    }
+    std::fill_n(unitCellBlock, 4 * kSlot, 0.0);
+    std::fill_n(fillBlock, 2 * kSlot, 0.0);
+    std::fill_n(warpBlock, 2 * kSlot, 0.0);
+    const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
+    const auto materials = constituentsFrom(fiber, matrix);
+    if (!makeAPly(weave, materials)) {
+      return;
+    }
+    withWeaves([&](kx::WeaveModel& weaves) {
+      const auto state = kx::damageState(weaves,
+                                         weave,
+                                         materials.fiber,
+                                         materials.matrix,
+                                         {*pocketCode, *fillCode, *warpCode},
+                                         {*fiberDegradation, *matrixDegradation});
+      kx::copyTo(state.composite, composite);
+      kx::copyTo(state.pocket, matrixPocket);
+      kx::copyTo(state.fill, fill);
+      kx::copyTo(state.warp, warp);
+      kx::copyTo(state.fillFiber, fillFiber);
+      kx::copyTo(state.fillMatrix, fillMatrix);
+      kx::copyTo(state.warpFiber, warpFiber);
+      kx::copyTo(state.warpMatrix, warpMatrix);
+      writeSlot(state.inInterface,
+                writeSlot(state.inWarp,
+                          writeSlot(state.inPocket, writeSlot(state.inFill, unitCellBlock))));
+      writeSlot(state.matrixInFill, writeSlot(state.fiberInFill, fillBlock));
+      writeSlot(state.matrixInWarp, writeSlot(state.fiberInWarp, warpBlock));
+    });
+  });
+}
