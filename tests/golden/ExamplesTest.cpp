@@ -40,13 +40,18 @@ std::vector<std::string> exampleNames() {
   return {names.begin(), names.end()};
 }
 
-/// The examples that the engine can fit.
+bool isWoven(const std::string& example) {
+  return contentOf(deckOf(example)).find("TYPE=UNI") == std::string::npos;
+}
+
+/// Under a sanitizer a satin takes minutes; the plain weave goes the same way.
 std::vector<std::string> fittedNames() {
   std::vector<std::string> names = exampleNames();
-  const auto isWoven = [](const std::string& name) {
-    return contentOf(deckOf(name)).find("TYPE=UNI") == std::string::npos;
+  const auto isLeftOut = [](const std::string& name) {
+    const bool isSatin = contentOf(deckOf(name)).find("HSATIN") != std::string::npos;
+    return isSatin && LAMCRAFT_IS_SANITIZED;
   };
-  names.erase(std::remove_if(names.begin(), names.end(), isWoven), names.end());
+  names.erase(std::remove_if(names.begin(), names.end(), isLeftOut), names.end());
   return names;
 }
 
@@ -111,22 +116,50 @@ GoldenFiles produced(const std::string& example, const char* const libraryFolder
   return files;
 }
 
-/// How far the numbers of a line may lie from the approved ones.
-///
-/// In a data file: a fit that meets its targets stops at a relative error of 1e-9; a constant that
-/// the targets hold by a hundredth (singular value 0.01) is settled to 1e-7. On the console, the
-/// last of four digits may besides be rounded either way. What is 0 but for rounding stays below
-/// 1e-12 of its unit. An error of a fit is as good as 0 below 1e-6, and how many iterations it took
-/// is no result.
-Tolerance toleranceOf(const std::string& line) {
+/// The decomposition matrices of a weave are full of numbers that are 0 but for the residual of a
+/// field solution; the engine's tests hold them.
+std::string withoutDecompositions(const std::string& content) {
+  std::istringstream in(content);
+  std::string kept;
+  bool isLeftOut = false;
+  for (std::string line; std::getline(in, line);) {
+    isLeftOut = isLeftOut || contains(line, "<decomp set=");
+    if (!isLeftOut) {
+      kept += line + "\n";
+    }
+    isLeftOut = isLeftOut && !contains(line, "</decomp>");
+  }
+  return kept;
+}
+
+/// What the engine decides: not the deck's copy, nor what is left to other tests.
+GoldenFiles fitted(const std::string& example) {
+  GoldenFiles files = produced(example, LAMCRAFT_ENGINE_FOLDER);
+  files.erase("input.qdk");
+  files["mdata.xml"] = withoutDecompositions(files["mdata.xml"]);
+  return files;
+}
+
+/// How far fitted numbers may lie from the approved ones. On the console, the last of four digits
+/// may besides be rounded either way. What is 0 but for rounding stays below 1e-12 of its unit. An
+/// error of a fit is as good as 0 below 1e-6, and how many iterations it took is no result.
+Tolerance toleranceOf(const std::string& line, const double relative) {
   constexpr double kAny = std::numeric_limits<double>::infinity();
+  constexpr double kRounding = 1e-3;
   if (contains(line, "iterations")) {
     return {0.0, kAny};
   }
   if (contains(line, "error:")) {
-    return {1e-3, 1e-6};
+    return {relative + kRounding, 1e-6};
   }
-  return {contains(line, "=\"") ? 1e-7 : 1e-3, 1e-12};
+  return {contains(line, "=\"") ? relative : relative + kRounding, 1e-12};
+}
+
+/// A fit that meets its targets stops at a relative error of 1e-9; a constant that the targets hold
+/// by a hundredth (singular value 0.01) is then settled to 1e-7. The fields of a weave are solved
+/// to a residual that leaves 3e-6 in its stiffness, hence 3e-4 in such a constant.
+double relativeTolerance(const std::string& example) {
+  return isWoven(example) ? 3e-4 : 1e-7;
 }
 
 class Examples : public testing::TestWithParam<std::string> {};
@@ -153,17 +186,20 @@ class ExamplesFitted : public Examples {};
 
 TEST_P(ExamplesFitted, ComeOutAsApproved) {
   const fs::path folder = approvedFolder(GetParam(), "engine");
-  GoldenFiles actual = produced(GetParam(), LAMCRAFT_ENGINE_FOLDER);
-  actual.erase("input.qdk");  // no matter of the library
+  const GoldenFiles actual = fitted(GetParam());
   if (isApproving()) {
     approve(folder, actual);
     GTEST_SKIP() << "approved anew";
   }
   const GoldenFiles expected = filesOf(folder);
   expectSameNames(expected, actual);
+  const double relative = relativeTolerance(GetParam());
+  const auto tolerance = [relative](const std::string& line) {
+    return toleranceOf(line, relative);
+  };
   for (const auto& [name, content] : expected) {
     if (actual.count(name) > 0) {
-      EXPECT_EQ(firstDeviation(content, actual.at(name), toleranceOf), "") << name;
+      EXPECT_EQ(firstDeviation(content, actual.at(name), tolerance), "") << name;
     }
   }
 }
