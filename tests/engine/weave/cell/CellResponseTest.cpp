@@ -13,7 +13,7 @@ using test::respond;
 using test::WeaveCase;
 
 const nlohmann::json& referenceWeaves() {
-  static const nlohmann::json weaves = test::reference("computed.json").at("weave");
+  static const nlohmann::json weaves = test::referenceCases("computed.json", "weave");
   return weaves;
 }
 

@@ -44,7 +44,7 @@ TEST(WeaveGeometry, MeetsTheVolumeFractions) {
 }
 
 TEST(WeaveGeometry, HasTheDimensionsOfTheReferenceCells) {
-  for (const auto& cell : test::reference("computed.json").at("weave")) {
+  for (const auto& cell : test::referenceCases("computed.json", "weave")) {
     const WeaveGeometry geometry = weave(cell.at("harness"),
                                          cell.at("fill_fraction"),
                                          cell.at("warp_fraction"),
