@@ -2,12 +2,12 @@
 #include <filesystem>
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/CatalogueFile.h"
 #include "support/TemporaryFolder.h"
 
 // The messages in the code and the catalogues in locale/ are held together here: none may have a
@@ -20,59 +20,35 @@ namespace fs = std::filesystem;
 
 const fs::path kRoot = fs::path(LAMCRAFT_TEST_DATA).parent_path();
 
-using Entry = std::pair<std::string, std::string>;  // text, then translation or name
+using test::catalogueEntries;
+using test::unquoted;
 
-/// The quoted pieces of `literals`, joined; escapes stay as they are written.
-std::string unquoted(const std::string& literals) {
+struct Message {
+  std::string name;
   std::string text;
-  bool isInside = false;
-  bool isEscaped = false;
-  for (const char character : literals) {
-    if (character == '"' && !isEscaped) {
-      isInside = !isInside;
-    } else if (isInside) {
-      text += character;
-    }
-    isEscaped = character == '\\' && !isEscaped;
-  }
-  return text;
-}
+};
 
-/// Text and name of every message in the code.
-std::vector<Entry> messages() {
+/// Every message in the code.
+std::vector<Message> messages() {
   const std::string declaration = "constexpr const wchar_t* ";
   const std::string header = test::contentOf(kRoot / "src/console/Messages.h");
-  std::vector<Entry> found;
+  std::vector<Message> found;
   for (auto at = header.find(declaration); at != std::string::npos;) {
     const auto name = at + declaration.size();
     const auto text = header.find(" =", name);
     at = header.find(declaration, name);
-    found.emplace_back(unquoted(header.substr(text, header.find(";\n", text) - text)),
-                       header.substr(name, text - name));
+    found.push_back({header.substr(name, text - name),
+                     unquoted(header.substr(text, header.find(";\n", text) - text))});
   }
   return found;
 }
 
+template <typename Entry>
 std::vector<std::string> textsOf(const std::vector<Entry>& entries) {
   std::vector<std::string> texts;
   texts.reserve(entries.size());
-  for (const auto& entry : entries) texts.push_back(entry.first);
+  for (const auto& entry : entries) texts.push_back(entry.text);
   return texts;
-}
-
-/// The entries of a catalogue in its order, without the header.
-std::vector<Entry> catalogue(const fs::path& file) {
-  const std::string content = test::contentOf(file);
-  std::vector<Entry> entries;
-  for (auto at = content.find("\nmsgid "); at != std::string::npos;) {
-    const auto translation = content.find("\nmsgstr ", at);
-    const auto next = content.find("\nmsgid ", translation);
-    entries.emplace_back(unquoted(content.substr(at, translation - at)),
-                         unquoted(content.substr(translation, next - translation)));
-    at = next;
-  }
-  if (!entries.empty() && entries.front().first.empty()) entries.erase(entries.begin());
-  return entries;
 }
 
 /// The .po files, one folder a language.
@@ -100,16 +76,17 @@ TEST(Catalogues, HeaderIsReadWhole) {
 }
 
 TEST(Catalogues, TemplateHoldsTheMessagesOfTheCode) {
-  EXPECT_EQ(textsOf(catalogue(kRoot / "locale/cvqt.pot")), textsOf(messages()));
+  EXPECT_EQ(textsOf(catalogueEntries(kRoot / "locale/cvqt.pot")), textsOf(messages()));
 }
 
 TEST(Catalogues, EveryLanguageTranslatesTheMessagesOfTheCodeAndNoOthers) {
   ASSERT_FALSE(catalogueFiles().empty());
   for (const fs::path& file : catalogueFiles()) {
     SCOPED_TRACE(file.string());
-    EXPECT_THAT(textsOf(catalogue(file)), testing::UnorderedElementsAreArray(textsOf(messages())));
+    EXPECT_THAT(textsOf(catalogueEntries(file)),
+                testing::UnorderedElementsAreArray(textsOf(messages())));
     EXPECT_EQ(test::contentOf(file).find("fuzzy"), std::string::npos);
-    for (const auto& [text, translation] : catalogue(file)) {
+    for (const auto& [text, translation] : catalogueEntries(file)) {
       ASSERT_FALSE(translation.empty()) << text;
       EXPECT_EQ(sharesLineWithNext(translation), sharesLineWithNext(text)) << text;
     }
@@ -138,7 +115,7 @@ TEST(Catalogues, CodeShowsEveryMessage) {
   std::string code;
   for (const auto& source : sources()) code += source.second;
   for (const auto& message : messages()) {
-    const std::string name = "console::" + message.second;
+    const std::string name = "console::" + message.name;
     auto at = code.find(name);
     while (at != std::string::npos && std::isalnum(code[at + name.size()]) != 0) {
       at = code.find(name, at + 1);

@@ -1,6 +1,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <sstream>
@@ -14,6 +15,8 @@
 
 // A program for the localization tests: sets its locale up as lamcraft does, and prints what its
 // argument names. Streams and the environment's locale belong to a process, so each case needs one.
+//   localization_probe installation|umlauts|numbers|files|threads
+//   localization_probe messages TEMPLATE      every message of a catalogue template, translated
 
 namespace lamcraft {
 namespace {
@@ -59,6 +62,17 @@ void showThreads() {
   monitor.join();
 }
 
+/// The messages of a template, one a line.
+void showMessages(const char* file) {
+  std::ifstream stream(file);
+  const std::string label = "msgid \"";
+  for (std::string line; std::getline(stream, line);) {
+    if (line.rfind(label, 0) != 0 || line == label + "\"") continue;
+    const std::string key = line.substr(label.size(), line.rfind('"') - label.size());
+    Output().message(std::wstring(key.begin(), key.end()).c_str()).endLine();
+  }
+}
+
 const std::map<std::string, std::function<void()>> kShows{{"installation", showInstallation},
                                                           {"umlauts", showUmlauts},
                                                           {"numbers", showNumbers},
@@ -69,8 +83,12 @@ const std::map<std::string, std::function<void()>> kShows{{"installation", showI
 }  // namespace lamcraft
 
 int main(int argc, char** argv) {
-  if (argc != 2) return 1;
+  if (argc < 2) return 1;
   lamcraft::driver::setupLocalization();
-  lamcraft::kShows.at(argv[1])();
+  if (argc == 3) {
+    lamcraft::showMessages(argv[2]);
+  } else {
+    lamcraft::kShows.at(argv[1])();
+  }
   return 0;
 }

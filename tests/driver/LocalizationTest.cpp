@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CatalogueFile.h"
 #include "support/ProcessRun.h"
 #include "support/TemporaryFolder.h"
 
@@ -52,6 +53,25 @@ TEST(Localization, UmlautsArriveAsUtf8) {
   EXPECT_EQ(shown("umlauts", {{"LC_ALL", "de_DE.UTF-8"}}), text);
   EXPECT_EQ(shown("umlauts", {{"LANG", "de_DE.UTF-8"}}), text);
   EXPECT_EQ(shown("umlauts", {{"LC_ALL", "C"}, {"LC_CTYPE", "de_DE.UTF-8"}}), text);
+}
+
+TEST(Localization, EveryMessageOfEveryLanguageArrivesAsUtf8) {
+  const fs::path sources = fs::path(LAMCRAFT_TEST_DATA).parent_path() / "locale";
+  const std::string keys = (sources / "cvqt.pot").string();
+  std::size_t languages = 0;
+  for (const auto& folder : fs::directory_iterator(sources)) {
+    if (!folder.is_directory()) continue;
+    std::string expected;
+    for (const auto& entry : test::catalogueEntries(folder.path() / "cvqt.po")) {
+      expected += entry.translation + "\n";
+    }
+    // The language alone chooses the catalogue: its locale need not be installed.
+    const std::string locale = folder.path().filename().string() + ".UTF-8";
+    const Environment user{{"LC_ALL", "C"}, {"LC_CTYPE", locale}};
+    EXPECT_EQ(test::run({LAMCRAFT_PROBE, {"messages", keys}, user}).out, expected) << locale;
+    ++languages;
+  }
+  EXPECT_EQ(languages, 6U);
 }
 
 TEST(Localization, NumbersAndListsFollowTheUser) {
