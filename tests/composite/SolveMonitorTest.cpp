@@ -1,11 +1,12 @@
 #include "composite/SolveMonitor.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
+
+#include "support/Environment.h"
 
 namespace lamcraft {
 namespace {
@@ -13,8 +14,8 @@ namespace {
 class SolveMonitorTest : public testing::Test {
  protected:
   void TearDown() override {
-    unsetenv("KXFAKE_ITERATION");
-    unsetenv("KXFAKE_STATUS");
+    test::removeVariable("KXFAKE_ITERATION");
+    test::removeVariable("KXFAKE_STATUS");
   }
 
   static std::string printedDuring(const std::chrono::milliseconds solve) {
@@ -32,18 +33,18 @@ TEST_F(SolveMonitorTest, IsSilentBeforeTheFirstIteration) {
 }
 
 TEST_F(SolveMonitorTest, PrintsIterationAndErrorBeforeTheSolveStarts) {
-  setenv("KXFAKE_ITERATION", "7", 1);
+  test::setVariable("KXFAKE_ITERATION", "7");
   EXPECT_EQ(printedDuring(std::chrono::milliseconds(0)), "Iteration: 7,  Error: 0.125\n");
 }
 
 TEST_F(SolveMonitorTest, PrintsAnIterationOnce) {
-  setenv("KXFAKE_ITERATION", "7", 1);
+  test::setVariable("KXFAKE_ITERATION", "7");
   EXPECT_EQ(printedDuring(std::chrono::milliseconds(1200)), "Iteration: 7,  Error: 0.125\n");
 }
 
 TEST_F(SolveMonitorTest, StopsAskingWhenTheLibrarySaysSo) {
-  setenv("KXFAKE_ITERATION", "7", 1);
-  setenv("KXFAKE_STATUS", "1", 1);
+  test::setVariable("KXFAKE_ITERATION", "7");
+  test::setVariable("KXFAKE_STATUS", "1");
   EXPECT_EQ(printedDuring(std::chrono::milliseconds(0)), "");
 }
 
