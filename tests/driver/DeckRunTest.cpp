@@ -224,6 +224,27 @@ TEST_F(DeckRun, FatigueDataAreWrittenForDecksWithFatigueTestsAlone) {
   EXPECT_NE(contentOf(folder_.path() / "out/fdata.xml"), "old");
 }
 
+TEST_F(DeckRun, DataFilesAreTheSameWhenTheConsoleTakesNothing) {
+  run(UniDeck(), {"shown"});
+  const auto runInShell = [&](const std::string& results, const std::string& redirection) {
+    return test::run({"/bin/sh",
+                      {"-c", "exec \"$0\" deck.qdk " + results + redirection, LAMCRAFT_PROGRAM},
+                      {{"LD_LIBRARY_PATH", LAMCRAFT_FAKE_FOLDER}},
+                      folder_.path().string()});
+  };
+  for (const std::string redirection : {" >&-", " >/dev/full", " <&- >&- 2>&-"}) {
+    fs::remove_all(folder_.path() / "silent");
+    const ProcessResult result = runInShell("silent", redirection);
+    EXPECT_EQ(result.exitCode, 0) << redirection;
+    EXPECT_EQ(result.err, "") << redirection;
+    for (const char* file : {"input.qdk", "mdata.xml"}) {
+      EXPECT_EQ(contentOf(folder_.path() / "silent" / file),
+                contentOf(folder_.path() / "shown" / file))
+          << file << redirection;
+    }
+  }
+}
+
 TEST_F(DeckRun, DataFilesAreTheSameInEveryLanguage) {
   UniDeck deck;
   deck.more = "*SNDATA\n600e6, 1e3, 10, 0, 0.1\n";
