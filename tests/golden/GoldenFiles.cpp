@@ -13,18 +13,18 @@ namespace lamcraft::test {
 namespace fs = std::filesystem;
 
 GoldenFiles filesOfRun(const fs::path& deck, ProcessRun process, const std::string& callsVariable) {
-  const TemporaryFolder workplace;
-  fs::copy_file(deck, workplace.path() / "deck.qdk");
+  const TemporaryFolder folder;
+  fs::copy_file(deck, folder.path() / "deck.qdk");
   process.arguments = {"deck.qdk", "out"};
-  process.folder = workplace.path();
-  const fs::path calls = workplace.path() / "calls.txt";
+  process.folder = folder.path();
+  const fs::path calls = folder.path() / "calls.txt";
   if (!callsVariable.empty()) {
     process.environment[callsVariable] = calls;
   }
   const ProcessResult result = run(process);
   EXPECT_EQ(result.err, "");
 
-  GoldenFiles files = filesOf(workplace.path() / "out");
+  GoldenFiles files = filesOf(folder.path() / "out");
   files["console.txt"] = result.out + "exit code " + std::to_string(result.exitCode) + "\n";
   if (fs::exists(calls)) {
     files["calls.txt"] = contentOf(calls);
