@@ -41,9 +41,6 @@ struct CellFields {
 /// fluctuation, six rows of n2 * n3 values (those of the thermal case for a rise of 1 K).
 void planeStrains(const CellFields& fields, std::size_t loadCase, int i, double* strains);
 
-/// The same for any fluctuation: lane of a field, without the unit strain.
-void planeGradients(const PairField& field, std::size_t lane, int i, double* strains);
-
 /// Adds the cases 22 and 23 to fields that hold 11 and 13, in a cell that the exchange of fill and
 /// warp, with the ply turned over, maps onto itself.
 void addExchangedCases(const UnitCell& cell, CellFields& fields);

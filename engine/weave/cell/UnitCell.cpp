@@ -4,6 +4,7 @@
 
 namespace kx {
 
+// Multiples of small primes in every direction: the transforms are fast.
 CellResolution defaultResolution(const int tows) {
   switch (tows) {
     case 4:

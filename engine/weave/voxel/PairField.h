@@ -53,6 +53,10 @@ class PairField {
   AlignedArray values_;
 };
 
+/// Strains of the voxels of plane i that one lane of a field makes: six rows, in Voigt's order, of
+/// n2 * n3 values.
+void planeGradients(const PairField& field, std::size_t lane, int i, double* strains);
+
 }  // namespace kx
 
 #endif

@@ -1,0 +1,68 @@
+#include "weave/voxel/EffectiveStiffness.h"
+
+#include <array>
+#include <vector>
+
+namespace kx {
+
+namespace {
+
+// Sum of the stresses of voxel plane i under a unit strain of component `unit`.
+Vector6 planeStress(const MaterialField& materials,
+                    const PairField& field,
+                    const std::size_t lane,
+                    const Eigen::Index unit,
+                    const int i) {
+  const GridShape& shape = materials.shape();
+  const auto n3 = static_cast<std::size_t>(shape.n3);
+  const std::size_t count = static_cast<std::size_t>(shape.n2) * n3;
+  std::vector<double> strains(6 * count);
+  planeGradients(field, lane, i, strains.data());
+  const std::int32_t* const rows = materials.rowRuns(i);
+  Vector6 sum = Vector6::Zero();
+  for (int j = 0; j < shape.n2; ++j) {
+    for (std::int32_t run = rows[j]; run < rows[j + 1]; ++run) {
+      const int begin = materials.runs()[run].begin;
+      const int end = run + 1 < rows[j + 1] ? materials.runs()[run + 1].begin : shape.n3;
+      Vector6 strain = Vector6::Zero();
+      strain(unit) = end - begin;
+      for (Eigen::Index c = 0; c < 6; ++c) {
+        const double* const row =
+            strains.data() + static_cast<std::size_t>(c) * count + static_cast<std::size_t>(j) * n3;
+        for (int k = begin; k < end; ++k) strain(c) += row[k];
+      }
+      sum += materials.stiffness(materials.runs()[run].material) * strain;
+    }
+  }
+  return sum;
+}
+
+}  // namespace
+
+EffectiveStiffness effectiveStiffness(const MaterialField& materials,
+                                      const SolveSettings& settings,
+                                      ThreadPool& team) {
+  const GridShape& shape = materials.shape();
+  PairSolver solver(std::make_shared<SpectralBasis>(shape));
+  PairField field(shape);
+  EffectiveStiffness result;
+  for (std::size_t first = 0; first < 6; first += 2) {
+    kernels::PairLoad load;
+    load.strain[first][0] = load.strain[first + 1][1] = 1.0;
+    field.clear();
+    const auto reports = solver.solve(materials, load, {true, true}, field, settings, team);
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      const auto unit = static_cast<Eigen::Index>(first + lane);
+      std::vector<Vector6> planes(static_cast<std::size_t>(shape.n1));
+      team.forEach(planes.size(), [&](const std::size_t i) {
+        planes[i] = planeStress(materials, field, lane, unit, static_cast<int>(i));
+      });
+      for (const Vector6& plane : planes) result.stiffness.col(unit) += plane;
+      result.iterations += reports[lane].iterations;
+    }
+  }
+  result.stiffness /= static_cast<double>(shape.voxels());
+  return result;
+}
+
+}  // namespace kx
