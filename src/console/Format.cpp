@@ -1,6 +1,7 @@
 #include "console/Format.h"
 
 #include <iomanip>
+#include <mutex>
 #include <sstream>
 
 #include <boost/locale.hpp>
@@ -24,8 +25,9 @@ class ListSeparator : public std::locale::facet {
 
 std::locale::id ListSeparator::id;
 
-/// A stream set up for localized numbers. Making one costs far more than writing a number, so each
-/// thread keeps its own.
+/// A stream set up for localized numbers. Making one costs far more than writing a number, so one
+/// serves all threads. Not one for each: mingw frees the memory of a thread's variables before it
+/// destroys them.
 class NumberStream {
  public:
   NumberStream() { stream_ << std::right << boost::locale::as::number; }
@@ -39,6 +41,7 @@ class NumberStream {
 
   template <typename Number>
   std::string write(Number value) {
+    const std::lock_guard lock(mutex_);
     if (const std::locale current; stream_.getloc() != current) stream_.imbue(current);
     stream_.str({});
     stream_ << std::setw(width_) << value;
@@ -46,12 +49,13 @@ class NumberStream {
   }
 
  private:
+  std::mutex mutex_;
   std::ostringstream stream_;
   int width_ = 0;
 };
 
 NumberStream& displayStream() {
-  thread_local NumberStream stream;
+  static NumberStream stream;
   return stream;
 }
 
@@ -69,7 +73,7 @@ std::locale withListSeparator(const std::locale& base, std::string_view userLoca
 }
 
 std::string scientific(double value) {
-  thread_local NumberStream stream(std::ios_base::scientific, 3, 10);
+  static NumberStream stream(std::ios_base::scientific, 3, 10);
   return stream.write(value);
 }
 

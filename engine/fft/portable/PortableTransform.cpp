@@ -3,6 +3,7 @@
 #include <complex>
 #include <cstddef>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include <unsupported/Eigen/FFT>
@@ -22,6 +23,35 @@ struct Axis {
   int groups;
 };
 
+using Fft = Eigen::FFT<double>;
+
+// The library keeps its tables in an object that is not made for several threads at once, so each
+// call borrows one of its own. They are not thread_local: mingw frees the memory of a thread's
+// variables before it destroys them.
+class Lender {
+ public:
+  std::unique_ptr<Fft> borrow() {
+    const std::lock_guard lock(mutex_);
+    if (idle_.empty()) {
+      auto made = std::make_unique<Fft>();
+      made->SetFlag(Fft::Unscaled);
+      return made;
+    }
+    auto lent = std::move(idle_.back());
+    idle_.pop_back();
+    return lent;
+  }
+
+  void giveBack(std::unique_ptr<Fft> fft) {
+    const std::lock_guard lock(mutex_);
+    idle_.push_back(std::move(fft));
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<std::unique_ptr<Fft>> idle_;
+};
+
 class PortableTransform : public Transform {
  public:
   explicit PortableTransform(std::vector<Axis> axes) : axes_(std::move(axes)) {}
@@ -32,16 +62,12 @@ class PortableTransform : public Transform {
  private:
   void transform(double* const data, const bool inverse) const {
     auto* const numbers = reinterpret_cast<Complex*>(data);
-    // The library keeps its tables in the object, which is not made for several threads at once.
-    thread_local Eigen::FFT<double> fft = [] {
-      Eigen::FFT<double> made;
-      made.SetFlag(Eigen::FFT<double>::Unscaled);
-      return made;
-    }();
-    for (const Axis& axis : axes_) transformAxis(fft, axis, numbers, inverse);
+    auto fft = lender_.borrow();
+    for (const Axis& axis : axes_) transformAxis(*fft, axis, numbers, inverse);
+    lender_.giveBack(std::move(fft));
   }
 
-  static void transformAxis(Eigen::FFT<double>& fft,
+  static void transformAxis(Fft& fft,
                             const Axis& axis,
                             Complex* const numbers,
                             const bool inverse) {
@@ -64,6 +90,7 @@ class PortableTransform : public Transform {
   }
 
   std::vector<Axis> axes_;
+  mutable Lender lender_;
 };
 
 }  // namespace
