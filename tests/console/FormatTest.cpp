@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <boost/locale.hpp>
 
+#include "platform/UserLocale.h"
+
 namespace lamcraft::console {
 namespace {
 
@@ -20,7 +22,7 @@ class GlobalLocale {
  private:
   static std::locale made(const char* name) {
     auto backends = boost::locale::localization_backend_manager::global();
-    backends.select("std");
+    backends.select(platform::localeBackend());
     return boost::locale::generator(backends)(name);
   }
 
