@@ -25,12 +25,13 @@ std::locale generatedLocale(const std::string& messagesPath, const std::string& 
   boost::locale::generator generator(backends);
   generator.characters(boost::locale::char_facet);
   generator.categories(boost::locale::formatting_facet | boost::locale::information_facet);
-  const std::locale narrow = generator("");
+  const std::string name = platform::shownLocaleName();
+  const std::locale narrow = generator(name);
   generator.characters(boost::locale::wchar_t_facet);
   generator.categories(boost::locale::message_facet);
   generator.add_messages_path(messagesPath);
   generator.add_messages_domain(domain);
-  return generator.generate(narrow, "");
+  return generator.generate(narrow, name);
 }
 
 bool isGermanSystem() {

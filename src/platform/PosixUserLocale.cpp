@@ -1,4 +1,6 @@
+#include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 
 #include "platform/UserLocale.h"
 
@@ -14,6 +16,13 @@ std::locale userLocale() {
 
 std::string userLocaleName() {
   return userLocale().name();
+}
+
+std::string shownLocaleName() {
+  const char* const value = std::getenv("LC_ALL");
+  const std::string_view name = value == nullptr ? std::string_view() : value;
+  const bool namesLanguage = name != "C" && name != "POSIX" && name.substr(0, 2) != "C.";
+  return namesLanguage ? std::string(name) : std::string();
 }
 
 std::string localeBackend() {

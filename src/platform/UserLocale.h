@@ -14,6 +14,11 @@ std::locale userLocale();
 /// The name of that locale, for instance "de_DE.UTF-8" or "German_Germany.1252". Throws likewise.
 std::string userLocaleName();
 
+/// The name of the locale whose language, messages and numbers the program shows; empty for what
+/// Boost.Locale takes for the system's. On POSIX an LC_ALL that names a language wins over
+/// LC_CTYPE, as it does in userLocale(); Boost.Locale has it the other way round.
+std::string shownLocaleName();
+
 /// The Boost.Locale backend whose numbers look alike on all platforms (1.500e+05).
 std::string localeBackend();
 

@@ -35,6 +35,10 @@ std::string userLocaleName() {
   return copy;
 }
 
+std::string shownLocaleName() {
+  return {};
+}
+
 std::string localeBackend() {
   return "winapi";
 }

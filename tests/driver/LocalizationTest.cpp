@@ -80,6 +80,14 @@ TEST(Localization, NumbersAndListsFollowTheUser) {
   EXPECT_EQ(shown("numbers", {{"LC_ALL", "de_DE.UTF-8"}}), " 1,500e+05; 1.234.567 0,5\n");
 }
 
+TEST(Localization, LcAllThatNamesALanguageRulesTextsNumbersAndLists) {
+  const Environment german{{"LC_ALL", "de_DE.UTF-8"}, {"LC_CTYPE", "C.UTF-8"}};
+  EXPECT_EQ(shown("numbers", german), " 1,500e+05; 1.234.567 0,5\n");
+  EXPECT_EQ(shown("umlauts", german), shown("umlauts", {{"LC_ALL", "de_DE.UTF-8"}}));
+  EXPECT_EQ(shown("numbers", {{"LC_ALL", "en_US.UTF-8"}, {"LC_CTYPE", "de_DE.UTF-8"}}),
+            " 1.500e+05, 1,234,567 0.5\n");
+}
+
 TEST(Localization, SeparatorAsksForTheWholeNameOfTheLocale) {
   EXPECT_EQ(shown("numbers", {{"LC_ALL", "de_DE.utf8"}}), " 1,500e+05, 1.234.567 0,5\n");
 }
