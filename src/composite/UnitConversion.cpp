@@ -3,6 +3,9 @@
 #include <array>
 #include <cstddef>
 
+#include "composite/model/PropertyTables.h"
+#include "composite/model/UnitFactors.h"
+
 namespace lamcraft {
 
 namespace {
@@ -17,14 +20,12 @@ void scaleGroup(std::array<VariableProperty, Count>& group,
 }
 
 void convertProperties(EnvironmentRecord& environment, const UnitFactors& factors) {
-  const double stress = factorOf(Dimension::stress, factors);
-  const double expansion = factorOf(Dimension::inverseTemperature, factors);
-  environment.lamina.scaleWorking(stress, expansion);
+  environment.lamina.scaleWorking(factors);
   for (PropertySet* const set : {&environment.fiber, &environment.matrix}) {
     if (set->kind != PropertySet::Kind::systemDefaults) {
-      set->scaleWorking(stress, expansion);
+      set->scaleWorking(factors);
     }
-    set->scaleVariables(stress, expansion);
+    set->scaleVariables(factors);
   }
 }
 
@@ -44,38 +45,6 @@ void convertEnvironment(EnvironmentRecord& environment, const UnitFactors& facto
 }
 
 }  // namespace
-
-UnitFactors unitFactors(const std::int32_t unitSystem) noexcept {
-  constexpr double kPoundForce = 4.4482216;
-  constexpr double kRankineStep = 0.5555555555555556;
-  constexpr double kPound = 0.45359237;
-  switch (unitSystem) {
-    case 2:
-      return {1.0, 0.001, 1.0, 1.0};
-    case 3:
-      return {kPoundForce, 0.0254, kRankineStep, kPound};
-    case 4:
-      return {kPoundForce, 0.3048, kRankineStep, kPound};
-    default:
-      return {1.0, 1.0, 1.0, 1.0};
-  }
-}
-
-double factorOf(const Dimension dimension, const UnitFactors& factors) noexcept {
-  switch (dimension) {
-    case Dimension::stress:
-      return factors.force / (factors.length * factors.length);
-    case Dimension::length:
-      return factors.length;
-    case Dimension::forcePerLength:
-      return factors.force / factors.length;
-    case Dimension::inverseTemperature:
-      return 1.0 / factors.temperature;
-    case Dimension::none:
-      break;
-  }
-  return 1.0;
-}
 
 void convertToBaseUnits(Composite& composite) {
   const UnitFactors factors = unitFactors(composite.unitSystem);

@@ -64,32 +64,15 @@ void PropertySet::makeConsistent() {
   }
 }
 
-namespace {
-
-double factorOf(const Dimension dimension,
-                const double stress,
-                const double inverseTemperature) noexcept {
-  switch (dimension) {
-    case Dimension::stress:
-      return stress;
-    case Dimension::inverseTemperature:
-      return inverseTemperature;
-    default:
-      return 1.0;
+void PropertySet::scaleWorking(const UnitFactors& factors) noexcept {
+  for (std::size_t i = 0; i < kPropertyCount; ++i) {
+    working_[i] *= factorOf(kPropertyRows[i].dimension, factors);
   }
 }
 
-}  // namespace
-
-void PropertySet::scaleWorking(const double stress, const double inverseTemperature) noexcept {
+void PropertySet::scaleVariables(const UnitFactors& factors) noexcept {
   for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    working_[i] *= factorOf(kPropertyRows[i].dimension, stress, inverseTemperature);
-  }
-}
-
-void PropertySet::scaleVariables(const double stress, const double inverseTemperature) noexcept {
-  for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    variables_[i].scale(factorOf(kPropertyRows[i].dimension, stress, inverseTemperature));
+    variables_[i].scale(factorOf(kPropertyRows[i].dimension, factors));
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include "abqinp/Keyword.h"
 #include "composite/model/PropertyTables.h"
+#include "composite/model/UnitFactors.h"
 #include "variation/VariableProperty.h"
 
 namespace lamcraft {
@@ -64,9 +65,9 @@ class PropertySet {
   void makeConsistent();
 
   /// Multiplies the working values by the factors of their dimensions.
-  void scaleWorking(double stress, double inverseTemperature) noexcept;
+  void scaleWorking(const UnitFactors& factors) noexcept;
   /// Multiplies the variable properties, scatter included, likewise.
-  void scaleVariables(double stress, double inverseTemperature) noexcept;
+  void scaleVariables(const UnitFactors& factors) noexcept;
 
  private:
   std::array<double, kPropertyCount> working_{};

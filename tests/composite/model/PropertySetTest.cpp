@@ -284,12 +284,13 @@ TEST(PropertySet, PublishOfAnOrthotropicSetMirrorsTheWorkingValues) {
 TEST(PropertySet, ScalesModuliAndExpansionsButNotPoissonsRatios) {
   const Twelve expected{
       1010.0, 1020.0, 1030.0, 0.1, 0.2, 0.3, 410.0, 420.0, 430.0, 1e-6 * 2, 2e-6 * 2, 3e-6 * 2};
+  const UnitFactors factors{40.0, 2.0, 0.5, 3.0};  // stresses grow tenfold, expansions twofold
   PropertySet working = distinctSet(Symmetry::orthotropic);
-  working.scaleWorking(10.0, 2.0);
+  working.scaleWorking(factors);
   EXPECT_EQ(workingOf(working), expected);
   EXPECT_EQ(valuesOf(working), kDistinct);
   PropertySet variables = distinctSet(Symmetry::orthotropic);
-  variables.scaleVariables(10.0, 2.0);
+  variables.scaleVariables(factors);
   EXPECT_EQ(workingOf(variables), kDistinct);
   EXPECT_EQ(valuesOf(variables), expected);
   EXPECT_EQ(variables.variables()[0].min(), 1000.0);
