@@ -5,6 +5,7 @@
 //   KXFAKE_ITERATION    iteration that INSITU_STATUS reports (default -1), with error 0.125
 //   KXFAKE_STATUS       what INSITU_STATUS returns (default 0)
 //   KXFAKE_PREFAIL      failure code of the prefail functions (default: no failure)
+//   KXFAKE_PREFAIL_FLAG their failure flag (default: 1 with a failure code, else 0)
 //   KXFAKE_SLEEP_MS     how long a fit takes (default 0)
 
 #include <chrono>
@@ -117,7 +118,7 @@ void answerPrefail(double* const m,
   }
   fill(c2mdeg, 3);
   *code = setting("KXFAKE_PREFAIL", 0);
-  *failed = *code != 0 ? 1 : 0;
+  *failed = setting("KXFAKE_PREFAIL_FLAG", *code != 0 ? 1 : 0);
 }
 
 }  // namespace
