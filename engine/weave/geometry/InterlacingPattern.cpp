@@ -57,6 +57,22 @@ bool InterlacingPattern::isKeptBy(const Exchange& exchange) const {
   return true;
 }
 
+bool InterlacingPattern::isKeptByStep(const int step) const {
+  for (int warp = 0; warp < tows_; ++warp) {
+    for (int fill = 0; fill < tows_; ++fill) {
+      if (side(warp + 1, fill + step) != side(warp, fill)) return false;
+    }
+  }
+  return true;
+}
+
+std::optional<int> InterlacingPattern::step() const {
+  for (int step = 0; step < tows_; ++step) {
+    if (isKeptByStep(step)) return step;
+  }
+  return std::nullopt;
+}
+
 InterlacingPattern::Exchange InterlacingPattern::exchange() const {
   for (const int mirror : {1, -1}) {
     for (int shift = 0; shift < tows_ * tows_; ++shift) {

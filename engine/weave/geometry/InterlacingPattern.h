@@ -22,6 +22,10 @@ class InterlacingPattern {
   /// +1 where the fill tow lies above the warp tow, -1 where it lies below; any integer indices.
   int side(int warp, int fill) const;
 
+  /// The smallest displacement along the warp that turns each warp tow's crossings into those of
+  /// the next: side(warp + 1, fill + step) = side(warp, fill). Nothing for the 4-harness satin.
+  std::optional<int> step() const;
+
   /// A lattice operation that exchanges fill and warp: the crossing (warp, fill) goes to
   /// (warp' = fill + warpShift, fill' = mirror * warp + fillShift), with mirror +1 or -1.
   struct Exchange {
@@ -38,6 +42,7 @@ class InterlacingPattern {
   InterlacingPattern(int tows, std::vector<int> side);
 
   bool isKeptBy(const Exchange& exchange) const;
+  bool isKeptByStep(int step) const;
 
   int tows_;
   std::vector<int> side_;

@@ -17,6 +17,10 @@ struct GridShape {
   double h2 = 1.0;
   double h3 = 1.0;
 
+  /// The cell repeats along axis 1 displaced by this many voxels along axis 2: voxel
+  /// (i + n1, j + shift2, k) is voxel (i, j, k). 0 <= shift2 < n2.
+  int shift2 = 0;
+
   std::size_t rows() const { return static_cast<std::size_t>(n1) * static_cast<std::size_t>(n2); }
   std::size_t voxels() const { return rows() * static_cast<std::size_t>(n3); }
 };

@@ -83,18 +83,26 @@ constexpr std::int64_t rowLength(const int n3) {
   return kBefore + 2 * n3 + 3 * kWidth;
 }
 
+inline std::int64_t rowStart(const PlaneJob& job, const int component, const int j) {
+  return component * job.componentStride + std::int64_t{2} * j * job.n3;
+}
+
+inline int farRow(const PlaneJob& job, const int j) {
+  const int shifted = j + job.farShift;
+  return shifted < job.n2 ? shifted : shifted - job.n2;
+}
+
 // Sum and difference of the far and near nodes of node row j, continued by one node.
 inline void foldPlanes(const PlaneJob& job, const int j, const Rows& rows, const int slot) {
   const int m = 2 * job.n3;
   for (int c = 0; c < 3; ++c) {
-    const std::int64_t at = c * job.componentStride + static_cast<std::int64_t>(j) * m;
-    const double* const nearRow = job.nearNodes + at;
-    const double* const farRow = job.farNodes + at;
+    const double* const nearRow = job.nearNodes + rowStart(job, c, j);
+    const double* const farNodes = job.farNodes + rowStart(job, c, farRow(job, j));
     double* const sum = rows(kSumRows + 3 * slot + c);
     double* const difference = rows(kDifferenceRows + 3 * slot + c);
     for (int t = 0; t < m; t += kWidth) {
       const Vec u = load(nearRow + t);
-      const Vec v = load(farRow + t);
+      const Vec v = load(farNodes + t);
       store(sum + t, v + u);
       store(difference + t, v - u);
     }
@@ -217,14 +225,21 @@ inline void stressRow(const PlaneJob& job, const int j, const Rows& rows) {
   }
 }
 
-inline void putForce(const PlaneJob& job,
-                     const std::int64_t at,
-                     const Vec along,
-                     const Vec across) {
-  if (job.nearForce != nullptr)
-    store(job.nearForce + at, load(job.nearForce + at) + (along - across));
-  if (job.farForce != nullptr) store(job.farForce + at, along + across);
-}
+// Where the forces of node row j go.
+struct ForceRow {
+  double* near;
+  double* far;
+
+  ForceRow(const PlaneJob& job, const int component, const int j)
+      : near(job.nearForce != nullptr ? job.nearForce + rowStart(job, component, j) : nullptr),
+        far(job.farForce != nullptr ? job.farForce + rowStart(job, component, farRow(job, j))
+                                    : nullptr) {}
+
+  void put(const int t, const Vec along, const Vec across) const {
+    if (near != nullptr) store(near + t, load(near + t) + (along - across));
+    if (far != nullptr) store(far + t, along + across);
+  }
+};
 
 // Which stress components make the force components along axes 1, 2, 3.
 constexpr int kTraction[3][3] = {{0, 3, 4}, {3, 1, 5}, {4, 5, 2}};
@@ -239,7 +254,7 @@ inline void forceRow(const PlaneJob& job, const int j, const Rows& rows) {
     const double* const s1 = rows(kStressRows + kTraction[c][0]) + kBefore;
     const double* const s2 = rows(kStressRows + kTraction[c][1]) + kBefore;
     const double* const s3 = rows(kStressRows + kTraction[c][2]) + kBefore;
-    const std::int64_t at = c * job.componentStride + static_cast<std::int64_t>(j) * m;
+    const ForceRow forces(job, c, j);
     for (int t = 0; t < m; t += kWidth) {
       const Vec x = job.scale[0] * (load(s1 + t - 2) + load(s1 + t));
       const Vec y = job.scale[1] * (load(s2 + t - 2) + load(s2 + t));
@@ -255,7 +270,7 @@ inline void forceRow(const PlaneJob& job, const int j, const Rows& rows) {
       }
       along += load(rows(oldCarry + c) + t);
       across += load(rows(oldCarry + 3 + c) + t);
-      putForce(job, at + t, along, across);
+      forces.put(t, along, across);
     }
   }
 }
@@ -265,11 +280,11 @@ inline void closeFirstRow(const PlaneJob& job, const Rows& rows) {
   const int m = 2 * job.n3;
   const int carry = kCarryRows + 6 * ((job.n2 - 1) & 1);
   for (int c = 0; c < 3; ++c) {
-    const std::int64_t at = c * job.componentStride;
+    const ForceRow forces(job, c, 0);
     for (int t = 0; t < m; t += kWidth) {
       const Vec along = load(rows(kFirstRows + c) + t) + load(rows(carry + c) + t);
       const Vec across = load(rows(kFirstRows + 3 + c) + t) + load(rows(carry + 3 + c) + t);
-      putForce(job, at + t, along, across);
+      forces.put(t, along, across);
     }
   }
 }
@@ -288,10 +303,19 @@ void voxelPlane(const PlaneJob& job) {
   closeFirstRow(job, rows);
 }
 
+// k1 of the wave vector opposite to k1's.
+inline int opposite(const SpectralJob& job, const int k1) {
+  const int index = job.mirror - k1;
+  return index < 0 ? index + job.n1 : index;
+}
+
 // Inverse of the reference stiffness at the wave vectors (k1, +-k2, all k3): six rows of n3.
-inline void inverseRow(const SpectralJob& job, const int k1, const double sin2, double* const out) {
-  const double s1 = job.axis1[2 * k1];
-  const double c1 = job.axis1[2 * k1 + 1];
+inline void inverseRow(const SpectralJob& job, const int row, const int k1, double* const out) {
+  const int at = row == 0 ? k1 : opposite(job, k1);
+  const double sign = row == 0 ? 1.0 : -1.0;
+  const double s1 = sign * job.axis1[2 * at];
+  const double c1 = job.axis1[2 * at + 1];
+  const double sin2 = sign * job.axis2[0];
   const double c2 = job.axis2[1];
   const double* const c = job.reference;
   const int n3 = job.n3;
@@ -328,7 +352,6 @@ inline void inverseRow(const SpectralJob& job, const int k1, const double sin2, 
 // The lanes are the real and the imaginary part of one complex field, so in Fourier space a lane
 // is a combination of a wave vector and its opposite: lane 0 has (f(k) + conj f(-k)) / 2.
 inline void lowerResidual(const SpectralJob& job, const int row, const int k1) {
-  const int opposite = k1 == 0 ? 0 : job.n1 - k1;
   const double mean = (job.step[0] + job.step[1]) / 2;
   const double half = (job.step[0] - job.step[1]) / 2;
   const Pair conjugate = {half, -half};
@@ -336,7 +359,8 @@ inline void lowerResidual(const SpectralJob& job, const int row, const int k1) {
     const std::int64_t component = std::int64_t{c} * job.n1 * job.n3;
     double* const r = job.residual[row] + 2 * (component + std::int64_t{k1} * job.n3);
     const double* const f = job.force[row] + 2 * (component + std::int64_t{k1} * job.n3);
-    const double* const g = job.force[1 - row] + 2 * (component + std::int64_t{opposite} * job.n3);
+    const double* const g =
+        job.force[1 - row] + 2 * (component + std::int64_t{opposite(job, k1)} * job.n3);
     storePair(r, loadPair(r) - mean * loadPair(f) - conjugate * loadPair(g));
     for (int k = 1; k < job.n3; ++k) {
       storePair(r + 2 * k,
@@ -357,10 +381,9 @@ inline void descend(const SpectralJob& job,
                     const double* const inverse,
                     PairSums& sums) {
   const int n3 = job.n3;
-  const int opposite = k1 == 0 ? 0 : job.n1 - k1;
   const std::int64_t component = 2 * std::int64_t{job.n1} * n3;
   const double* const r = job.residual[row] + 2 * std::int64_t{k1} * n3;
-  const double* const g = job.residual[1 - row] + 2 * std::int64_t{opposite} * n3;
+  const double* const g = job.residual[1 - row] + 2 * std::int64_t{opposite(job, k1)} * n3;
   double* const f = job.force[row] + 2 * std::int64_t{k1} * n3;
   for (int k = 0; k < n3; ++k) {
     const int mirrored = k == 0 ? 0 : n3 - k;
@@ -390,9 +413,8 @@ void spectral(const SpectralJob& job, SpectralSums* const sums) {
   }
   PairSums pairs{};
   for (int row = 0; row < (single ? 1 : 2); ++row) {
-    const double sin2 = row == 0 ? job.axis2[0] : -job.axis2[0];
     for (int k1 = 0; k1 < job.n1; ++k1) {
-      inverseRow(job, k1, sin2, job.scratch);
+      inverseRow(job, row, k1, job.scratch);
       descend(job, row, k1, job.scratch, pairs);
     }
   }

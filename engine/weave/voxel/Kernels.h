@@ -37,8 +37,9 @@ struct PairLoad {
 struct PlaneJob {
   int n2 = 0;
   int n3 = 0;
-  double scale[3] = {};                   ///< 1/(4 h) per axis
-  const double* nearNodes = nullptr;      ///< displacement of plane i
+  double scale[3] = {};               ///< 1/(4 h) per axis
+  const double* nearNodes = nullptr;  ///< displacement of plane i
+  int farShift = 0;  ///< node row j of plane i + 1 is row j + farShift (cyclic) of the far arrays
   const double* farNodes = nullptr;       ///< displacement of plane i + 1
   std::int64_t componentStride = 0;       ///< of all planes here
   const std::int32_t* rowRuns = nullptr;  ///< n2 + 1 offsets into runs
@@ -61,7 +62,8 @@ struct SpectralJob {
   double* force[2] = {};     ///< of k2 and -k2; equal pointers when the row is its own partner
   double* residual[2] = {};  ///< likewise
   double step[2] = {};
-  const double* axis1 = nullptr;  ///< sin and cos of half the phase per k1: [k1][2]
+  const double* axis1 = nullptr;  ///< sin and cos of half the phase per k1 of row k2: [k1][2]
+  int mirror = 0;                 ///< k1 of the opposite wave vector is mirror - k1 (cyclic)
   const double* axis3 = nullptr;  ///< likewise per k3
   double axis2[2] = {};           ///< sin and cos for k2 (for -k2 the sine is negative)
   double scale[3] = {};           ///< 2/h per axis

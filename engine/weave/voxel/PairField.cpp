@@ -10,6 +10,7 @@ void planeGradients(const PairField& field,
                     double* const strains) {
   const GridShape& shape = field.shape();
   const int next = i + 1 < shape.n1 ? i + 1 : 0;
+  const int farShift = next == 0 && shape.shift2 > 0 ? shape.n2 - shape.shift2 : 0;
   const std::size_t count = static_cast<std::size_t>(shape.n2) * static_cast<std::size_t>(shape.n3);
   const double s1 = 0.25 / shape.h1;
   const double s2 = 0.25 / shape.h2;
@@ -23,8 +24,8 @@ void planeGradients(const PairField& field,
     for (std::size_t c = 0; c < 3; ++c) {
       u00[c] = field.row(i, j, static_cast<int>(c)) + lane;
       u01[c] = field.row(i, beside, static_cast<int>(c)) + lane;
-      u10[c] = field.row(next, j, static_cast<int>(c)) + lane;
-      u11[c] = field.row(next, beside, static_cast<int>(c)) + lane;
+      u10[c] = field.row(next, (j + farShift) % shape.n2, static_cast<int>(c)) + lane;
+      u11[c] = field.row(next, (beside + farShift) % shape.n2, static_cast<int>(c)) + lane;
     }
     double* out = strains + static_cast<std::size_t>(j) * static_cast<std::size_t>(shape.n3);
     for (int k = 0; k < shape.n3; ++k, ++out) {

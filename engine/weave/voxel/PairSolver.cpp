@@ -24,6 +24,22 @@ std::pair<int, int> share(const int count, const std::size_t w, const int worker
   return {static_cast<int>(begin), static_cast<int>(end)};
 }
 
+// Copies complex numbers times (cosine + i sine).
+void turnedCopy(const double* const from,
+                const std::size_t count,
+                const double cosine,
+                const double sine,
+                double* const to) {
+  if (sine == 0.0 && cosine == 1.0) {
+    std::memcpy(to, from, count * sizeof(double));
+    return;
+  }
+  for (std::size_t t = 0; t < count; t += 2) {
+    to[t] = cosine * from[t] - sine * from[t + 1];
+    to[t + 1] = cosine * from[t + 1] + sine * from[t];
+  }
+}
+
 // Energy of the load in the mean material, summed over the nodes.
 struct LoadEnergy {
   double strain;
@@ -91,6 +107,7 @@ void PairSolver::planeForces(const MaterialField& materials,
   job.scale[2] = 0.25 / shape.h3;
   job.nearNodes = nodes.plane(plane);
   job.farNodes = nodes.plane(next);
+  job.farShift = next == 0 && shape.shift2 > 0 ? shape.n2 - shape.shift2 : 0;
   job.componentStride = static_cast<std::int64_t>(nodes.componentStride());
   job.rowRuns = materials.rowRuns(plane);
   job.runs = materials.runs();
@@ -211,12 +228,16 @@ void PairSolver::preconditionRow(const int row, const Lanes& step, const std::si
     job.force[side] = spectralScratch_[worker].data() + (own ? side * block : 0);
     job.residual[side] = residual_.data() + static_cast<std::size_t>(rows[side]) * block;
   }
+  const double* const phases =
+      basis_->planePhases.data() + 2 * lines * static_cast<std::size_t>(row);
   const auto forEachLine = [&](const auto& visit) {
     for (std::size_t side = 0; side < (single ? 1U : 2U); ++side) {
       for (std::size_t i = 0; i < lines; ++i) {
         for (std::size_t c = 0; c < 3; ++c) {
           visit(job.force[side] + (c * lines + i) * line,
-                force_.row(static_cast<int>(i), rows[side], static_cast<int>(c)));
+                force_.row(static_cast<int>(i), rows[side], static_cast<int>(c)),
+                phases[2 * i],
+                side == 0 ? phases[2 * i + 1] : -phases[2 * i + 1]);
         }
       }
     }
@@ -229,7 +250,8 @@ void PairSolver::preconditionRow(const int row, const Lanes& step, const std::si
   job.n1 = shape.n1;
   job.n3 = shape.n3;
   for (std::size_t lane = 0; lane < 2; ++lane) job.step[lane] = step[lane];
-  job.axis1 = basis_->axis1.data();
+  job.axis1 = basis_->axis1.data() + 2 * lines * static_cast<std::size_t>(row);
+  job.mirror = 2 * row == shape.n2 ? shape.shift2 % shape.n1 : 0;
   job.axis3 = basis_->axis3.data();
   job.axis2[0] = basis_->axis2[2 * static_cast<std::size_t>(row)];
   job.axis2[1] = basis_->axis2[2 * static_cast<std::size_t>(row) + 1];
@@ -240,13 +262,15 @@ void PairSolver::preconditionRow(const int row, const Lanes& step, const std::si
   job.nullMode = kNullMode * basis_->largestSquare;
   job.normalisation = 1.0 / static_cast<double>(shape.voxels());
   job.scratch = spectralScratch_[worker].data() + 2 * block;
-  forEachLine(
-      [line](double* to, const double* from) { std::memcpy(to, from, line * sizeof(double)); });
+  forEachLine([line](double* to, const double* from, const double cosine, const double sine) {
+    turnedCopy(from, line, cosine, sine, to);
+  });
   transform([](const Transform& lineTransform, double* data) { lineTransform.forward(data); });
   kernels_.spectral(job, &rowSums_[static_cast<std::size_t>(row)]);
   transform([](const Transform& lineTransform, double* data) { lineTransform.backward(data); });
-  forEachLine(
-      [line](const double* from, double* to) { std::memcpy(to, from, line * sizeof(double)); });
+  forEachLine([line](const double* from, double* to, const double cosine, const double sine) {
+    turnedCopy(from, line, cosine, -sine, to);
+  });
 }
 
 // residual -= step * force, force = descent direction; the residual's squared energy norm.

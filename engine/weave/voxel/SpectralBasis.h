@@ -16,10 +16,16 @@ struct SpectralBasis {
   GridShape shape;
   std::unique_ptr<Transform> plane;  ///< axes 2 and 3 of one component of one plane
   std::unique_ptr<Transform> lines;  ///< axis 1 of all k3 of one k2
-  /// sin and cos of pi m / n per signed frequency m of the axis, side by side.
-  std::vector<double> axis1;
+  /// Half-phases: sin and cos of pi m / n per signed frequency m of the axis, side by side.
   std::vector<double> axis2;
   std::vector<double> axis3;
+  /// The same along axis 1 per row k2 = 0 ... n2 / 2: in a displaced cell, fields of the signed
+  /// wave number m2 repeat along axis 1 with the phase -2 pi m2 shift2 / n2, so that their
+  /// frequencies are m1 - m2 shift2 / n2.
+  std::vector<double> axis1;
+  /// cos and sin of the part of that phase that has come up at plane i, per row and plane: fields
+  /// times this are periodic.
+  std::vector<double> planePhases;
   /// Largest square of a wave vector: smaller ones by 1e-10 belong to the mean and to the modes
   /// that reduced integration does not see.
   double largestSquare = 0.0;

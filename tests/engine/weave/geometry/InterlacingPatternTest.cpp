@@ -45,6 +45,13 @@ TEST(InterlacingPattern, BindingPointsOfTheRegularSatinsDoNotTouch) {
   }
 }
 
+TEST(InterlacingPattern, RegularWeavesStepFromTowToTow) {
+  EXPECT_EQ(InterlacingPattern::ofHarness(1)->step(), 1);
+  EXPECT_EQ(InterlacingPattern::ofHarness(4)->step(), std::nullopt);
+  EXPECT_EQ(InterlacingPattern::ofHarness(5)->step(), 2);
+  EXPECT_EQ(InterlacingPattern::ofHarness(8)->step(), 3);
+}
+
 TEST(InterlacingPattern, UnknownSatinsHaveNoPattern) {
   for (const int harness : {2, 3, 6, 7, 9, 1000}) {
     EXPECT_FALSE(InterlacingPattern::ofHarness(harness)) << harness;

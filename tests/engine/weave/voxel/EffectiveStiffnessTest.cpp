@@ -40,6 +40,39 @@ TEST(EffectiveStiffness, OfLayersIsTheirExactMixture) {
             1e-9 * found.norm());
 }
 
+TEST(EffectiveStiffness, OfADisplacedCellIsThatOfTheWholeRepeat) {
+  for (const int shift : {2, 3}) {
+    GridShape small{4, 6, 4, 0.1, 0.12, 0.05};
+    small.shift2 = shift;
+    GridShape whole = small;
+    whole.n1 = small.n1 * 6 / shift;  // until the displacements add up to n2
+    whole.shift2 = 0;
+    const auto filled = [&](const GridShape& shape) {
+      MaterialField field(shape);
+      test::addMaterial(field, test::softSolid());
+      test::addMaterial(field, test::stiffTow(), fillFrame(0.3));
+      test::addMaterial(field, test::stiffTow(), warpFrame(-0.2));
+      for (int i = 0; i < shape.n1; ++i) {
+        for (int j = 0; j < shape.n2; ++j) {
+          const int x = i % small.n1;
+          const int y = (j + 6 * 6 - i / small.n1 * shift) % 6;
+          for (int k = 0; k < shape.n3; ++k) {
+            field.addVoxel((x * 7 + y * 4 + k * 5 + (x * y) % 3) % 3);
+          }
+        }
+      }
+      return field;
+    };
+    ThreadPool team(1);
+    SolveSettings settings;
+    settings.tolerance = 1e-9;
+    const auto a = effectiveStiffness(filled(small), settings, team);
+    const auto b = effectiveStiffness(filled(whole), settings, team);
+    EXPECT_LT((a.stiffness - b.stiffness).norm(), 1e-9 * b.stiffness.norm()) << shift;
+    EXPECT_NEAR(a.iterations, b.iterations, 6);  // one per case, where rounding decides the last
+  }
+}
+
 TEST(EffectiveStiffness, LiesBetweenReussAndVoigt) {
   const MaterialField cell = test::scattered(GridShape{8, 8, 6, 0.1, 0.1, 0.1});
   ThreadPool team(1);
