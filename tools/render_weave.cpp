@@ -107,19 +107,26 @@ Color seenFromAbove(const kx::UnitCell& cell, const kx::WeaveColumn& column) {
   return color;
 }
 
+/// The column at any place of the whole repeat, of which the cell may hold a part.
+const kx::WeaveColumn& columnAt(const kx::UnitCell& cell, const int i, const int j) {
+  const kx::GridShape& shape = cell.shape();
+  const int row = (j - i / shape.n1 * shape.shift2) % shape.n2;
+  return cell.column(i % shape.n1, row < 0 ? row + shape.n2 : row);
+}
+
 void render(const kx::UnitCell& cell) {
   const kx::GridShape& shape = cell.shape();
-  const double pixel = kWidth / shape.n1;
+  const double pixel = kWidth / shape.n2;
   const double height = kStretch * cell.geometry().thickness() / shape.h1 * pixel;
-  Raster above(shape.n1, shape.n2);
-  Raster section(shape.n1, shape.n3);
+  Raster above(shape.n2, shape.n2);
+  Raster section(shape.n2, shape.n3);
   const int middle = cell.resolution().perTow / 2;
-  for (int i = 0; i < shape.n1; ++i) {
+  for (int i = 0; i < shape.n2; ++i) {
     for (int j = 0; j < shape.n2; ++j) {
-      above.set(i, shape.n2 - 1 - j, seenFromAbove(cell, cell.column(i, j)));
+      above.set(i, shape.n2 - 1 - j, seenFromAbove(cell, columnAt(cell, i, j)));
     }
     for (int k = 0; k < shape.n3; ++k) {
-      section.set(i, shape.n3 - 1 - k, mixed(cell.fractions(cell.column(i, middle), k)));
+      section.set(i, shape.n3 - 1 - k, mixed(cell.fractions(columnAt(cell, i, middle), k)));
     }
   }
   std::cout << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << number(kWidth) << ' '

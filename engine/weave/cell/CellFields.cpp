@@ -64,7 +64,8 @@ void addExchangedCases(const UnitCell& cell, CellFields& fields) {
     for (int i = 0; i < shape.n1; ++i) {
       for (int j = 0; j < shape.n2; ++j) {
         const int i2 = wrapped(j + shift1, shape.n1);
-        const int j2 = wrapped(exchange.mirror * i + shift2, shape.n2);
+        const int repeats = (j + shift1 - i2) / shape.n1;
+        const int j2 = wrapped(exchange.mirror * i + shift2 - repeats * shape.shift2, shape.n2);
         for (std::size_t c = 0; c < 3; ++c) {
           const double s = c == 0 ? sign[1] : (c == 1 ? sign[0] : sign[2]);
           const double* const from = original.field->row(i, j, static_cast<int>(c)) + original.lane;

@@ -1,21 +1,14 @@
 #include "weave/cell/UnitCell.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace kx {
 
 // Multiples of small primes in every direction: the transforms are fast.
 CellResolution defaultResolution(const int tows) {
-  switch (tows) {
-    case 4:
-      return {16, 12};
-    case 5:
-      return {12, 12};
-    case 8:
-      return {10, 10};
-    default:
-      return {24, 18};
-  }
+  if (tows == 2) return {24, 18};
+  return {16, 12};
 }
 
 UnitCell::UnitCell(const WeaveGeometry& geometry, const CellResolution& resolution)
@@ -23,8 +16,10 @@ UnitCell::UnitCell(const WeaveGeometry& geometry, const CellResolution& resoluti
       resolution_{resolution.perTow,
                   resolution.throughThickness + resolution.throughThickness % 2} {
   const int tows = geometry.pattern().tows();
-  shape_.n1 = tows * resolution.perTow;
+  const std::optional<int> step = geometry.pattern().step();
+  shape_.n1 = (step ? 1 : tows) * resolution.perTow;
   shape_.n2 = tows * resolution.perTow;
+  shape_.shift2 = step.value_or(0) * resolution.perTow;
   shape_.n3 = resolution_.throughThickness;
   shape_.h1 = 1.0 / resolution.perTow;
   shape_.h2 = 1.0 / resolution.perTow;

@@ -20,12 +20,14 @@ struct CellResolution {
   int throughThickness = 0;
 };
 
-/// The grid that a weave is computed on unless a finer one is asked for: errors of the in-plane
-/// moduli are below 1.5 % (8-harness: 2.5 %).
+/// The grid that a weave is computed on unless another one is asked for: errors of the in-plane
+/// moduli are below 1.5 %.
 CellResolution defaultResolution(int tows);
 
-/// The voxel model of a weave's unit cell: exact phase fractions per voxel along the normal,
-/// sampled at the voxel columns' centres in the plane.
+/// The voxel model of a weave's smallest unit cell: one warp tow wide and displaced along the warp
+/// from repeat to repeat where the pattern allows it (plain weave, 5- and 8-harness satin), else
+/// the whole repeat. Phase fractions per voxel are exact along the normal, sampled at the voxel
+/// columns' centres in the plane.
 class UnitCell {
  public:
   UnitCell(const WeaveGeometry& geometry, const CellResolution& resolution);
