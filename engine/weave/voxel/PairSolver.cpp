@@ -12,6 +12,10 @@ namespace {
 constexpr double kRounding = 1e-13;  // residual that is nothing but rounding, energy norm
 constexpr double kNullMode = 1e-10;  // of the largest squared wave vector
 
+// The squared norms of two lanes come from their sum and their difference, which are rounded to
+// some 1e-16 of the larger: less than this part of it is noise.
+constexpr double kResolution = 1e-14;
+
 int workersFor(const GridShape& shape, const ThreadPool& team) {
   constexpr int kFewestPlanes = 4;  // each worker repeats one plane of its neighbour
   return std::max(1, std::min(team.threads(), shape.n1 / kFewestPlanes));
@@ -57,6 +61,23 @@ LoadEnergy loadEnergy(const MaterialField& materials,
   return {nodes * strain.dot(c * strain),
           nodes * (beta.array().square() / c.diagonal().array()).sum()};
 }
+
+// Which lanes are done. A lane whose norm is hidden in the rounding of the other's waits until that
+// one is smaller, or done: a step of noise would lead anywhere.
+struct LaneState {
+  std::array<bool, 2> done{};
+  std::array<bool, 2> waits{};
+
+  void review(const std::array<double, 2>& norm, const std::array<double, 2>& limit) {
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      waits[lane] = norm[lane] < kResolution * norm[1 - lane];
+      done[lane] = done[lane] || (!waits[lane] && !(norm[lane] > limit[lane]));
+    }
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      done[lane] = done[lane] || (waits[lane] && done[1 - lane]);
+    }
+  }
+};
 
 }  // namespace
 
@@ -316,7 +337,8 @@ std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
   Lanes norm = warm.norm;
   Lanes energy{};
   Lanes floor{};
-  std::array<bool, 2> done{};
+  LaneState state;
+  auto& [done, waits] = state;
   const auto limit = [&](const std::size_t lane) {
     return std::max(square * std::min(cold.norm[lane], energy[lane]), floor[lane]);
   };
@@ -326,8 +348,9 @@ std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
     energy[lane] = load.temperature[lane] == 0.0
                        ? uniform.strain + cold.work[lane] + warm.work[lane]
                        : cold.norm[lane];
-    done[lane] = !active[lane] || !(norm[lane] > limit(lane));
+    done[lane] = !active[lane];
   }
+  state.review(norm, {limit(0), limit(1)});
   Lanes step{};
   Lanes turn{};
   std::array<LaneReport, 2> reports;
@@ -335,18 +358,18 @@ std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
        ++iteration) {
     const Lanes work = directionForces(materials, solution, step, turn, team);
     for (std::size_t lane = 0; lane < 2; ++lane) {
-      done[lane] = done[lane] || !(work[lane] > 0.0);
-      step[lane] = done[lane] ? 0.0 : norm[lane] / work[lane];
+      done[lane] = done[lane] || (!waits[lane] && !(work[lane] > 0.0));
+      step[lane] = done[lane] || waits[lane] ? 0.0 : norm[lane] / work[lane];
     }
     const Lanes next = precondition(step, team);
     for (std::size_t lane = 0; lane < 2; ++lane) {
-      turn[lane] = done[lane] ? 0.0 : next[lane] / norm[lane];
+      turn[lane] = done[lane] || waits[lane] ? 0.0 : next[lane] / norm[lane];
       if (done[lane]) continue;
       reports[lane].iterations = iteration;
       if (load.temperature[lane] == 0.0) energy[lane] -= step[lane] * norm[lane];
       norm[lane] = next[lane];
-      done[lane] = !(norm[lane] > limit(lane));
     }
+    state.review(norm, {limit(0), limit(1)});
   }
   for (int plane = 0; plane < basis_->shape.n1; ++plane) {
     kernels_.advance(static_cast<std::int64_t>(force_.planeStride()),
