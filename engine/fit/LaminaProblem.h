@@ -16,8 +16,8 @@ struct TargetWeight {
   double weight;
 };
 
-/// Axial Poisson's ratios are measured to about twice, transverse ones to four times the relative
-/// scatter of the moduli (round robins summarised by soden1998).
+/// The weights are a choice of ours, not a fit to any test series: axial Poisson's ratios are taken
+/// to scatter about twice, transverse ones (seldom measured at all) four times as much as moduli.
 inline constexpr std::array<TargetWeight, 5> kLaminaTargets{{
     {ElasticConstant::e11, 1.0},
     {ElasticConstant::e22, 1.0},

@@ -42,8 +42,17 @@ MechanicalFit fitElastic(const double fiberFraction,
   return {space.at(fit.z.data()), {termination, initial, fit.error, fit.iterations}};
 }
 
-Properties laminaOf(const Constituents& materials, const double fiberFraction) {
-  return properties(homogenise(materials.fiber, materials.matrix, fiberFraction).effective);
+/// Where the constituents' expansions, or all their constants, overflow in the model, those of
+/// `given` stand instead.
+Properties laminaOf(const Constituents& materials,
+                    const double fiberFraction,
+                    const Properties& given) {
+  auto lamina = properties(homogenise(materials.fiber, materials.matrix, fiberFraction).effective);
+  if (isAdmissible(lamina)) return lamina;
+  lamina.a11 = given.a11;
+  lamina.a22 = given.a22;
+  lamina.a33 = given.a33;
+  return isAdmissible(lamina) ? lamina : given;
 }
 
 bool givesALamina(const Constituents& materials, const double fiberFraction) {
@@ -56,7 +65,9 @@ UnidirectionalFitResult unfitted(const UnidirectionalMaterials& given,
                                  const double fiberFraction) {
   const FitSummary failed{Termination::failed, kNoModelError, kNoModelError, 0};
   UnidirectionalFitResult result{given, failed, failed};
-  if (givesALamina(start, fiberFraction)) result.materials.lamina = laminaOf(start, fiberFraction);
+  if (givesALamina(start, fiberFraction)) {
+    result.materials.lamina = laminaOf(start, fiberFraction, given.lamina);
+  }
   return result;
 }
 
@@ -91,7 +102,9 @@ UnidirectionalFitResult fitUnidirectional(const double fiberFraction,
                                      {target.a11, target.a22, 0.0},
                                      options.maximumThermalError);
   const auto& fitted = thermal.constituents;
-  return {{laminaOf(fitted, fiberFraction), properties(fitted.fiber), properties(fitted.matrix)},
+  return {{laminaOf(fitted, fiberFraction, given.lamina),
+           properties(fitted.fiber),
+           properties(fitted.matrix)},
           mechanical.summary,
           thermal.summary};
 }

@@ -41,7 +41,8 @@ struct UnidirectionalFitResult {
 /// When the numbers make no sense (not finite, an inadmissible start, `fiberFraction` outside
 /// (0, 1), nothing given), the constituents come back as they were, with 0 iterations and a final
 /// error not below the initial one. The lamina then is what they give if they are admissible, else
-/// the one that was passed in.
+/// the one that was passed in. Expansions too large for the model stay as they are, in the lamina,
+/// too.
 UnidirectionalFitResult fitUnidirectional(double fiberFraction,
                                           const UnidirectionalMaterials& given,
                                           const FitOptions& options);

@@ -411,6 +411,31 @@ TEST(UnidirectionalFit, TargetsInWrongUnitsStayFinite) {
 }
 
 // Whatever goes in: it ends, and what comes out is admissible or what went in.
+TEST(UnidirectionalFit, ExpansionsThatOverflowLeaveTheLaminasAsGiven) {
+  const FitCase item = publishedLaminae().front();
+  for (const double huge : {1e300, -1e305, std::numeric_limits<double>::max()}) {
+    UnidirectionalMaterials given = item.given;
+    given.fiber.a11 = given.fiber.a22 = given.fiber.a33 = huge;
+    const auto result = fitUnidirectional(item.fiberFraction, given, isotropicMatrix());
+    EXPECT_LT(result.mechanical.finalError, 1e-6) << huge;
+    EXPECT_TRUE(isAdmissible(result.materials.lamina)) << huge;
+    EXPECT_EQ(result.materials.lamina.a11, given.lamina.a11) << huge;
+    EXPECT_EQ(result.materials.lamina.a22, given.lamina.a22) << huge;
+    EXPECT_EQ(result.materials.fiber.a11, huge);
+    EXPECT_EQ(result.thermal.iterations, 0) << huge;
+  }
+}
+
+TEST(UnidirectionalFit, ModuliThatOverflowLeaveTheLaminaAsGiven) {
+  const FitCase item = publishedLaminae().front();
+  UnidirectionalMaterials given = item.given;
+  given.fiber = properties(isotropic(1e308, 0.2, 5e-6));
+  const auto result = fitUnidirectional(item.fiberFraction, given, isotropicMatrix());
+  expectUntouched(given, result);
+  EXPECT_EQ(result.materials.lamina.e11, given.lamina.e11);
+  EXPECT_EQ(result.materials.lamina.a22, given.lamina.a22);
+}
+
 TEST(UnidirectionalFit, SurvivesNonsense) {
   test::RandomMaterials random(45);
   const auto absurd = [&]() -> double {
@@ -439,6 +464,7 @@ TEST(UnidirectionalFit, SurvivesNonsense) {
       ++fitted;
       EXPECT_TRUE(isAdmissible(result.materials.fiber));
       EXPECT_TRUE(isAdmissible(result.materials.matrix));
+      EXPECT_TRUE(isAdmissible(result.materials.lamina));
       EXPECT_TRUE(std::isfinite(result.mechanical.finalError));
     }
   }
