@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <tuple>
+#include <utility>
 
 #include <ceres/tiny_solver.h>
 #include <ceres/tiny_solver_autodiff_function.h>
@@ -110,12 +112,27 @@ double lineResidual(const std::vector<Problem::Point>& points) {
   return std::max(0.0, peaks > 0.0 ? lives - both * both / peaks : lives);
 }
 
+/// An even selection over the points' stresses, whatever the order of the records.
+std::vector<Problem::Point> thinned(std::vector<Problem::Point> points) {
+  const std::size_t count = points.size();
+  if (count <= kMostTests) {
+    return points;
+  }
+  std::sort(points.begin(), points.end(), [](const Problem::Point& a, const Problem::Point& b) {
+    return std::tie(a.peak, a.ratio, a.lnCyclesPerAttempt) <
+           std::tie(b.peak, b.ratio, b.lnCyclesPerAttempt);
+  });
+  for (std::size_t i = 0; i < kMostTests; ++i) {
+    points[i] = points[i * (count - 1) / (kMostTests - 1)];
+  }
+  points.resize(kMostTests);
+  return points;
+}
+
 std::vector<Problem::Point> pointsOf(const DirectionData& data, double strength, double nu0) {
   std::vector<Problem::Point> points;
-  const std::size_t count = data.tests.size();
-  const std::size_t kept = std::min(count, kMostTests);
-  for (std::size_t i = 0; i < kept; ++i) {
-    const auto& test = data.tests[kept < count ? i * (count - 1) / (kept - 1) : i];
+  points.reserve(data.tests.size());
+  for (const auto& test : data.tests) {
     const Problem::Point point{test.peak / strength,
                                test.ratio,
                                std::log(test.cycles) - std::log(test.frequency) + std::log(nu0)};
@@ -124,7 +141,7 @@ std::vector<Problem::Point> pointsOf(const DirectionData& data, double strength,
       points.push_back(point);
     }
   }
-  return points;
+  return thinned(std::move(points));
 }
 
 int minimise(const Problem& problem, Unknowns& unknowns) {

@@ -49,7 +49,7 @@ struct DirectionFit {
 ///
 /// Without a strength the largest peak stands in for it, with e +- 0.5; without either, with a
 /// temperature or concentration that is no positive number, the constants are 0.
-/// Beyond 256 tests an even selection is fitted. temperature [K].
+/// Beyond 256 usable tests an even selection over their stresses is fitted. temperature [K].
 DirectionFit fitDirection(const DirectionData& data, double temperature);
 
 }  // namespace kx

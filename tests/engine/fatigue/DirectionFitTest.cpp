@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 #include <random>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -175,6 +176,26 @@ TEST(DirectionFit, ManyTestsAreThinned) {
   }
   const auto many = kx::fitDirection(data, kTemperature);
   EXPECT_NEAR(many.constants.breakingEnergy / few.constants.breakingEnergy, 1.0, 0.02);
+}
+
+TEST(DirectionFit, OrderOfManyTestsDoesNotMatter) {
+  auto data = exactData(constantsOf(127e3, 4.5e-4, 0.7), {0.1, -1.0});
+  std::mt19937 random(23);
+  const auto exact = data.tests;
+  while (data.tests.size() < 1000) {
+    auto test = exact[random() % exact.size()];
+    test.cycles *= 0.25 + static_cast<double>(random() % 1000) / 250.0;
+    data.tests.push_back(test);
+  }
+  const auto fit = kx::fitDirection(data, kTemperature);
+  // records that cannot be used take no place in the selection either
+  data.tests.insert(data.tests.begin(), 500, kx::LifeTest{kNan, 0.1, 1e4, 5.0});
+  for (std::size_t i = data.tests.size() - 1; i > 0; --i) {
+    std::swap(data.tests[i], data.tests[random() % (i + 1)]);
+  }
+  const auto shuffled = kx::fitDirection(data, kTemperature);
+  EXPECT_EQ(std::memcmp(&fit.constants, &shuffled.constants, sizeof fit.constants), 0);
+  EXPECT_EQ(fit.tests, shuffled.tests);
 }
 
 TEST(DirectionFit, SameInputSameBits) {
