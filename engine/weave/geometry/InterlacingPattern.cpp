@@ -43,7 +43,9 @@ std::optional<InterlacingPattern> InterlacingPattern::ofHarness(const int harnes
 }
 
 int InterlacingPattern::side(const int warp, const int fill) const {
-  return side_[static_cast<std::size_t>(wrapped(warp, tows_) * tows_ + wrapped(fill, tows_))];
+  const auto row = static_cast<std::size_t>(wrapped(warp, tows_));
+  const auto column = static_cast<std::size_t>(wrapped(fill, tows_));
+  return side_[row * static_cast<std::size_t>(tows_) + column];
 }
 
 bool InterlacingPattern::isKeptBy(const Exchange& exchange) const {

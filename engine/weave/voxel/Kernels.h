@@ -3,14 +3,12 @@
 
 #include <cstdint>
 
-namespace kx {
-
 /// The inner loops of the solver, compiled once per instruction set.
 ///
 /// Two load cases are solved at a time; their values at a node are neighbours in memory, so a
 /// lane is 0 or 1 and a row of n3 nodes holds 2 * n3 doubles. A plane holds the three components
 /// one after the other, `componentStride` doubles apart.
-namespace kernels {
+namespace kx::kernels {
 
 /// Voxels of one row, begin to the next run's begin, with the stiffness number `material`.
 struct Run {
@@ -99,7 +97,6 @@ const Table& best();
 /// All tables that this processor can run, narrowest first; for tests.
 int available(const Table* tables[3]);
 
-}  // namespace kernels
-}  // namespace kx
+}  // namespace kx::kernels
 
 #endif

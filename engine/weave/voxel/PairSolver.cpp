@@ -62,23 +62,6 @@ LoadEnergy loadEnergy(const MaterialField& materials,
           nodes * (beta.array().square() / c.diagonal().array()).sum()};
 }
 
-// Which lanes are done. A lane whose norm is hidden in the rounding of the other's waits until that
-// one is smaller, or done: a step of noise would lead anywhere.
-struct LaneState {
-  std::array<bool, 2> done{};
-  std::array<bool, 2> waits{};
-
-  void review(const std::array<double, 2>& norm, const std::array<double, 2>& limit) {
-    for (std::size_t lane = 0; lane < 2; ++lane) {
-      waits[lane] = norm[lane] < kResolution * norm[1 - lane];
-      done[lane] = done[lane] || (!waits[lane] && !(norm[lane] > limit[lane]));
-    }
-    for (std::size_t lane = 0; lane < 2; ++lane) {
-      done[lane] = done[lane] || (waits[lane] && done[1 - lane]);
-    }
-  }
-};
-
 }  // namespace
 
 PairSolver::PairSolver(std::shared_ptr<const SpectralBasis> basis)
@@ -235,47 +218,27 @@ PairSolver::Lanes PairSolver::directionForces(const MaterialField& materials,
   return summedPlanes();
 }
 
-void PairSolver::preconditionRow(const int row, const Lanes& step, const std::size_t worker) {
+kernels::SpectralJob PairSolver::spectralJob(const int row,
+                                             const Lanes& step,
+                                             const std::size_t worker) {
   const GridShape& shape = basis_->shape;
-  const int opposite = row == 0 ? 0 : shape.n2 - row;
-  const bool single = row == opposite;
   const auto lines = static_cast<std::size_t>(shape.n1);
-  const std::size_t line = 2 * static_cast<std::size_t>(shape.n3);
-  const std::size_t block = 3 * lines * line;
-  const std::array<int, 2> rows{row, opposite};
+  const auto at = static_cast<std::size_t>(row);
+  const std::size_t block = 6 * lines * static_cast<std::size_t>(shape.n3);
+  const int opposite = row == 0 ? 0 : shape.n2 - row;
   kernels::SpectralJob job;
-  for (std::size_t side = 0; side < 2; ++side) {
-    const bool own = side == 0 || !single;
-    job.force[side] = spectralScratch_[worker].data() + (own ? side * block : 0);
-    job.residual[side] = residual_.data() + static_cast<std::size_t>(rows[side]) * block;
-  }
-  const double* const phases =
-      basis_->planePhases.data() + 2 * lines * static_cast<std::size_t>(row);
-  const auto forEachLine = [&](const auto& visit) {
-    for (std::size_t side = 0; side < (single ? 1U : 2U); ++side) {
-      for (std::size_t i = 0; i < lines; ++i) {
-        for (std::size_t c = 0; c < 3; ++c) {
-          visit(job.force[side] + (c * lines + i) * line,
-                force_.row(static_cast<int>(i), rows[side], static_cast<int>(c)),
-                phases[2 * i],
-                side == 0 ? phases[2 * i + 1] : -phases[2 * i + 1]);
-        }
-      }
-    }
-  };
-  const auto transform = [&](const auto& direction) {
-    for (std::size_t c = 0; c < (single ? 3U : 6U); ++c) {
-      direction(*basis_->lines, job.force[0] + c * lines * line);
-    }
-  };
+  job.force[0] = spectralScratch_[worker].data();
+  job.force[1] = job.force[0] + (row == opposite ? 0 : block);
+  job.residual[0] = residual_.data() + at * block;
+  job.residual[1] = residual_.data() + static_cast<std::size_t>(opposite) * block;
   job.n1 = shape.n1;
   job.n3 = shape.n3;
-  for (std::size_t lane = 0; lane < 2; ++lane) job.step[lane] = step[lane];
-  job.axis1 = basis_->axis1.data() + 2 * lines * static_cast<std::size_t>(row);
+  std::copy(step.begin(), step.end(), job.step);
+  job.axis1 = basis_->axis1.data() + 2 * lines * at;
   job.mirror = 2 * row == shape.n2 ? shape.shift2 % shape.n1 : 0;
   job.axis3 = basis_->axis3.data();
-  job.axis2[0] = basis_->axis2[2 * static_cast<std::size_t>(row)];
-  job.axis2[1] = basis_->axis2[2 * static_cast<std::size_t>(row) + 1];
+  job.axis2[0] = basis_->axis2[2 * at];
+  job.axis2[1] = basis_->axis2[2 * at + 1];
   job.scale[0] = 2.0 / shape.h1;
   job.scale[1] = 2.0 / shape.h2;
   job.scale[2] = 2.0 / shape.h3;
@@ -283,15 +246,46 @@ void PairSolver::preconditionRow(const int row, const Lanes& step, const std::si
   job.nullMode = kNullMode * basis_->largestSquare;
   job.normalisation = 1.0 / static_cast<double>(shape.voxels());
   job.scratch = spectralScratch_[worker].data() + 2 * block;
-  forEachLine([line](double* to, const double* from, const double cosine, const double sine) {
-    turnedCopy(from, line, cosine, sine, to);
-  });
-  transform([](const Transform& lineTransform, double* data) { lineTransform.forward(data); });
+  return job;
+}
+
+// Moves a row of wave numbers k2 between the planes and the block of a job, where its fields are
+// periodic along axis 1.
+void PairSolver::moveRow(const int row, const bool toBlock, const bool opposite, double* block) {
+  const auto lines = static_cast<std::size_t>(basis_->shape.n1);
+  const std::size_t line = 2 * static_cast<std::size_t>(basis_->shape.n3);
+  const double* const phases =
+      basis_->planePhases.data() + 2 * lines * static_cast<std::size_t>(row);
+  const int own = opposite ? basis_->shape.n2 - row : row;
+  for (std::size_t i = 0; i < lines; ++i) {
+    const double cosine = phases[2 * i];
+    const double sine = opposite ? -phases[2 * i + 1] : phases[2 * i + 1];
+    for (std::size_t c = 0; c < 3; ++c) {
+      double* const inBlock = block + (c * lines + i) * line;
+      double* const inPlane = force_.row(static_cast<int>(i), own, static_cast<int>(c));
+      if (toBlock) {
+        turnedCopy(inPlane, line, cosine, sine, inBlock);
+      } else {
+        turnedCopy(inBlock, line, cosine, -sine, inPlane);
+      }
+    }
+  }
+}
+
+void PairSolver::preconditionRow(const int row, const Lanes& step, const std::size_t worker) {
+  const kernels::SpectralJob job = spectralJob(row, step, worker);
+  const std::size_t component =
+      2 * static_cast<std::size_t>(job.n1) * static_cast<std::size_t>(job.n3);
+  const std::size_t sides = job.force[0] == job.force[1] ? 1 : 2;
+  for (std::size_t side = 0; side < sides; ++side) {
+    moveRow(row, true, side == 1, job.force[side]);
+    for (std::size_t c = 0; c < 3; ++c) basis_->lines->forward(job.force[side] + c * component);
+  }
   kernels_.spectral(job, &rowSums_[static_cast<std::size_t>(row)]);
-  transform([](const Transform& lineTransform, double* data) { lineTransform.backward(data); });
-  forEachLine([line](const double* from, double* to, const double cosine, const double sine) {
-    turnedCopy(from, line, cosine, -sine, to);
-  });
+  for (std::size_t side = 0; side < sides; ++side) {
+    for (std::size_t c = 0; c < 3; ++c) basis_->lines->backward(job.force[side] + c * component);
+    moveRow(row, false, side == 1, job.force[side]);
+  }
 }
 
 // residual -= step * force, force = descent direction; the residual's squared energy norm.
@@ -323,6 +317,88 @@ PairSolver::Start PairSolver::restart(const MaterialField& materials,
   return {precondition({1.0, 1.0}, team), work};
 }
 
+// Where the lanes of a solve stand.
+struct PairSolver::Progress {
+  struct Lane {
+    bool done = true;
+    bool waits = false;   ///< the norm is hidden in the rounding of the other lane's
+    double norm = 0.0;    ///< squared energy norm of the residual
+    double cold = 0.0;    ///< the same at zero displacement
+    double energy = 0.0;  ///< of the solution so far, or `cold` for a thermal load
+    double floor = 0.0;   ///< residuals that are nothing but rounding
+    bool isThermal = false;
+    LaneReport report;
+
+    double limit(const double squaredTolerance) const {
+      return std::max(squaredTolerance * std::min(cold, energy), floor);
+    }
+    bool rests() const { return done || waits; }
+  };
+  std::array<Lane, 2> lanes;
+
+  bool isDone() const { return lanes[0].done && lanes[1].done; }
+
+  // A lane that is hidden in the other's rounding waits until that one is smaller, or done: a step
+  // of noise would lead anywhere.
+  void review(const double squaredTolerance) {
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      Lane& own = lanes[lane];
+      own.waits = own.norm < kResolution * lanes[1 - lane].norm;
+      own.done = own.done || (!own.waits && !(own.norm > own.limit(squaredTolerance)));
+    }
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      lanes[lane].done = lanes[lane].done || (lanes[lane].waits && lanes[1 - lane].done);
+    }
+  }
+};
+
+PairSolver::Progress PairSolver::begin(const MaterialField& materials,
+                                       const kernels::PairLoad& load,
+                                       const std::array<bool, 2>& active,
+                                       const PairField& solution,
+                                       ThreadPool& team) {
+  direction_.clear();
+  const Start cold = restart(materials, load, direction_, solution, team);
+  const Start warm = solution.isZero() ? cold : restart(materials, load, solution, solution, team);
+  Progress progress;
+  for (std::size_t lane = 0; lane < 2; ++lane) {
+    const LoadEnergy uniform = loadEnergy(materials, load, lane);
+    Progress::Lane& own = progress.lanes[lane];
+    own.done = !active[lane];
+    own.norm = warm.norm[lane];
+    own.cold = cold.norm[lane];
+    own.floor = kRounding * kRounding * (uniform.strain + uniform.thermal);
+    own.isThermal = load.temperature[lane] != 0.0;
+    own.energy = own.isThermal ? own.cold : uniform.strain + cold.work[lane] + warm.work[lane];
+  }
+  return progress;
+}
+
+// One step along a new conjugate direction; `step` and `turn` are those of the step before on entry
+// and of this one on return.
+void PairSolver::advance(const MaterialField& materials,
+                         PairField& solution,
+                         ThreadPool& team,
+                         Progress& progress,
+                         Lanes& step,
+                         Lanes& turn) {
+  const Lanes work = directionForces(materials, solution, step, turn, team);
+  for (std::size_t lane = 0; lane < 2; ++lane) {
+    Progress::Lane& own = progress.lanes[lane];
+    own.done = own.done || (!own.waits && !(work[lane] > 0.0));
+    step[lane] = own.rests() ? 0.0 : own.norm / work[lane];
+  }
+  const Lanes next = precondition(step, team);
+  for (std::size_t lane = 0; lane < 2; ++lane) {
+    Progress::Lane& own = progress.lanes[lane];
+    turn[lane] = own.rests() ? 0.0 : next[lane] / own.norm;
+    if (own.done) continue;
+    ++own.report.iterations;
+    if (!own.isThermal) own.energy -= step[lane] * own.norm;
+    own.norm = next[lane];
+  }
+}
+
 std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
                                             const kernels::PairLoad& load,
                                             const std::array<bool, 2> active,
@@ -330,46 +406,14 @@ std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
                                             const SolveSettings& settings,
                                             ThreadPool& team) {
   prepare(materials, team);
-  direction_.clear();
-  const Start cold = restart(materials, load, direction_, solution, team);
-  const Start warm = solution.isZero() ? cold : restart(materials, load, solution, solution, team);
   const double square = settings.tolerance * settings.tolerance;
-  Lanes norm = warm.norm;
-  Lanes energy{};
-  Lanes floor{};
-  LaneState state;
-  auto& [done, waits] = state;
-  const auto limit = [&](const std::size_t lane) {
-    return std::max(square * std::min(cold.norm[lane], energy[lane]), floor[lane]);
-  };
-  for (std::size_t lane = 0; lane < 2; ++lane) {
-    const LoadEnergy uniform = loadEnergy(materials, load, lane);
-    floor[lane] = kRounding * kRounding * (uniform.strain + uniform.thermal);
-    energy[lane] = load.temperature[lane] == 0.0
-                       ? uniform.strain + cold.work[lane] + warm.work[lane]
-                       : cold.norm[lane];
-    done[lane] = !active[lane];
-  }
-  state.review(norm, {limit(0), limit(1)});
+  Progress progress = begin(materials, load, active, solution, team);
+  progress.review(square);
   Lanes step{};
   Lanes turn{};
-  std::array<LaneReport, 2> reports;
-  for (int iteration = 1; iteration <= settings.mostIterations && !(done[0] && done[1]);
-       ++iteration) {
-    const Lanes work = directionForces(materials, solution, step, turn, team);
-    for (std::size_t lane = 0; lane < 2; ++lane) {
-      done[lane] = done[lane] || (!waits[lane] && !(work[lane] > 0.0));
-      step[lane] = done[lane] || waits[lane] ? 0.0 : norm[lane] / work[lane];
-    }
-    const Lanes next = precondition(step, team);
-    for (std::size_t lane = 0; lane < 2; ++lane) {
-      turn[lane] = done[lane] || waits[lane] ? 0.0 : next[lane] / norm[lane];
-      if (done[lane]) continue;
-      reports[lane].iterations = iteration;
-      if (load.temperature[lane] == 0.0) energy[lane] -= step[lane] * norm[lane];
-      norm[lane] = next[lane];
-    }
-    state.review(norm, {limit(0), limit(1)});
+  for (int count = 0; count < settings.mostIterations && !progress.isDone(); ++count) {
+    advance(materials, solution, team, progress, step, turn);
+    progress.review(square);
   }
   for (int plane = 0; plane < basis_->shape.n1; ++plane) {
     kernels_.advance(static_cast<std::int64_t>(force_.planeStride()),
@@ -379,9 +423,12 @@ std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
                      direction_.plane(plane),
                      solution.plane(plane));
   }
+  std::array<LaneReport, 2> reports;
   for (std::size_t lane = 0; lane < 2; ++lane) {
-    if (active[lane] && cold.norm[lane] > 0.0) {
-      reports[lane].residual = std::sqrt(std::max(0.0, norm[lane]) / cold.norm[lane]);
+    const Progress::Lane& own = progress.lanes[lane];
+    reports[lane] = own.report;
+    if (active[lane] && own.cold > 0.0) {
+      reports[lane].residual = std::sqrt(std::max(0.0, own.norm) / own.cold);
     }
   }
   return reports;

@@ -77,6 +77,20 @@ class PairSolver {
   void advancePlane(PairField& solution, const Lanes& step, const Lanes& turn, int plane);
   Lanes precondition(const Lanes& step, ThreadPool& team);
   void preconditionRow(int row, const Lanes& step, std::size_t worker);
+  kernels::SpectralJob spectralJob(int row, const Lanes& step, std::size_t worker);
+  void moveRow(int row, bool toBlock, bool opposite, double* block);
+  struct Progress;
+  Progress begin(const MaterialField& materials,
+                 const kernels::PairLoad& load,
+                 const std::array<bool, 2>& active,
+                 const PairField& solution,
+                 ThreadPool& team);
+  void advance(const MaterialField& materials,
+               PairField& solution,
+               ThreadPool& team,
+               Progress& progress,
+               Lanes& step,
+               Lanes& turn);
   struct Start {
     Lanes norm;  ///< squared energy norm of the residual
     Lanes work;  ///< of the forces on the start
