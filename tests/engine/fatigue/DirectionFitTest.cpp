@@ -178,6 +178,20 @@ TEST(DirectionFit, ManyTestsAreThinned) {
   EXPECT_NEAR(many.constants.breakingEnergy / few.constants.breakingEnergy, 1.0, 0.02);
 }
 
+TEST(DirectionFit, ThinnedTestsSpanAllStresses) {
+  auto data = exactData(constantsOf(125e3, 4.5e-4, 0.6), {0.1});
+  auto high = data.tests.front();
+  const auto low = data.tests.back();
+  high.cycles *= 30.0;  // off the law: only tests at this stress can tell
+  data.tests.assign(300, low);
+  data.tests.insert(data.tests.end(), 300, high);
+  const auto fit = kx::fitDirection(data, kTemperature);
+  EXPECT_EQ(fit.tests, 256U);
+  const double predicted = kx::lnTimeToFailure(
+      fit.constants, {high.peak * data.concentration, high.ratio, kTemperature});
+  EXPECT_NEAR(predicted, std::log(high.cycles / high.frequency), std::log(3.0));
+}
+
 TEST(DirectionFit, OrderOfManyTestsDoesNotMatter) {
   auto data = exactData(constantsOf(127e3, 4.5e-4, 0.7), {0.1, -1.0});
   std::mt19937 random(23);

@@ -88,6 +88,35 @@ TEST(PlainWeaveFatigue, BalancedWeaveLivesAlikeAlongFillAndWarp) {
       1e-9);
 }
 
+TEST(PlainWeaveFatigue, WarpRecordsCountByTheMatrixStressTheyCause) {
+  const auto matrix = kx::towMatrixStress(decomposition());
+  auto alongWarp = trend(90.0);
+  for (auto& record : alongWarp) record.stress *= matrix.fillAlong / matrix.warpAlong;
+  const auto fill =
+      kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, decomposition());
+  const auto warp =
+      kx::fitPlainWeaveFatigue(alongWarp, kTemperature, kGlassFabric, decomposition());
+  const auto ratio = [](double a, double b) { return a / b; };
+  // the same problem but for the rounding of the stresses
+  EXPECT_NEAR(ratio(warp.longitudinal.constants.breakingActivation,
+                    fill.longitudinal.constants.breakingActivation),
+              1.0,
+              1e-6);
+}
+
+TEST(PlainWeaveFatigue, MissingCompressiveKneeFallsBackOnTheUltimateStrength) {
+  auto records = trend(45.0);
+  for (auto& record : records) record.ratio = 10.0;
+  auto missing = kGlassFabric;
+  missing.knee.compression = 0.0;
+  auto given = kGlassFabric;
+  given.knee.compression = given.ultimate.compression;
+  const auto one = kx::fitPlainWeaveFatigue(records, kTemperature, missing, decomposition());
+  const auto other = kx::fitPlainWeaveFatigue(records, kTemperature, given, decomposition());
+  ASSERT_TRUE(one.transverse.isFitted());
+  EXPECT_EQ(one.transverse.constants.breakingEnergy, other.transverse.constants.breakingEnergy);
+}
+
 TEST(PlainWeaveFatigue, ObliqueRecordsSetTheTransverseDirection) {
   const auto axial =
       kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, decomposition());
