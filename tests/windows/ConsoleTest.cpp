@@ -29,7 +29,11 @@ ConsoleRun runInConsole(const std::string& locale) {
                        LAMCRAFT_WINDOWS_BUILD "/bin/console_probe.exe",
                        windowsPath(report),
                        windowsPath(windows.program())};
-  process.environment = {{"LC_ALL", locale}, {"WINEDEBUG", "trace+console"}};
+  // A Wine of its own: the server of the other tests runs without a display, and so would a
+  // console.
+  process.environment = {{"LC_ALL", locale},
+                         {"WINEDEBUG", "trace+console"},
+                         {"WINEPREFIX", LAMCRAFT_ROOT "/build/wine-console"}};
   const ProcessResult result = run(process);
   return {withPlainLineEnds(contentOf(report)), result.err};
 }
