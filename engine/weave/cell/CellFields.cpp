@@ -15,6 +15,44 @@ int wrapped(const int index, const int count) {
   return ((index % count) + count) % count;
 }
 
+// The exchange of fill and warp in voxels: the point (x1, x2, x3) goes to
+// (x2 + shift, mirror x1 + shift, -x3), and so do displacements.
+struct Exchange {
+  explicit Exchange(const UnitCell& cell) : shape(cell.shape()) {
+    const int perTow = cell.resolution().perTow;
+    const InterlacingPattern::Exchange pattern = cell.geometry().pattern().exchange();
+    mirror = pattern.mirror;
+    shift1 = pattern.warpShift * perTow;
+    shift2 = (pattern.fillShift + (mirror < 0 ? 1 : 0)) * perTow;
+  }
+
+  void map(const CellFields::Place& from,
+           const double factor,
+           PairField& image,
+           const std::size_t lane) const {
+    for (int i = 0; i < shape.n1; ++i) {
+      for (int j = 0; j < shape.n2; ++j) {
+        const int i2 = wrapped(j + shift1, shape.n1);
+        const int repeats = (j + shift1 - i2) / shape.n1;
+        const int j2 = wrapped(mirror * i + shift2 - repeats * shape.shift2, shape.n2);
+        mapRow(from.field->row(i, j, 0) + from.lane, mirror * factor, image.row(i2, j2, 1) + lane);
+        mapRow(from.field->row(i, j, 1) + from.lane, factor, image.row(i2, j2, 0) + lane);
+        mapRow(from.field->row(i, j, 2) + from.lane, -factor, image.row(i2, j2, 2) + lane);
+      }
+    }
+  }
+
+  void mapRow(const double* const from, const double factor, double* const to) const {
+    const auto n3 = static_cast<std::ptrdiff_t>(shape.n3);
+    for (std::ptrdiff_t k = 0; k < n3; ++k) to[2 * (k == 0 ? 0 : n3 - k)] = factor * from[2 * k];
+  }
+
+  GridShape shape;
+  int mirror = 1;
+  int shift1 = 0;
+  int shift2 = 0;
+};
+
 }  // namespace
 
 CellFields::Place CellFields::find(const std::size_t loadCase) const {
@@ -48,34 +86,12 @@ void planeStrains(const CellFields& fields,
 }
 
 void addExchangedCases(const UnitCell& cell, CellFields& fields) {
-  const GridShape& shape = cell.shape();
-  const int perTow = cell.resolution().perTow;
-  const InterlacingPattern::Exchange exchange = cell.geometry().pattern().exchange();
-  const int shift1 = exchange.warpShift * perTow;
-  const int shift2 = (exchange.fillShift + (exchange.mirror < 0 ? 1 : 0)) * perTow;
-  // The point (x1, x2, x3) goes to (x2 + shift, mirror x1 + shift, -x3), and so do displacements;
-  // a unit shear 13 becomes -mirror times a unit shear 23.
+  const Exchange exchange(cell);
+  // A unit shear 13 becomes -mirror times a unit shear 23.
   const std::array<double, 2> factor{1.0, -1.0 * exchange.mirror};
-  PairField image(shape);
+  PairField image(cell.shape());
   for (std::size_t lane = 0; lane < 2; ++lane) {
-    const CellFields::Place original = fields.find(kOriginals[lane]);
-    const std::array<double, 3> sign{factor[lane], factor[lane] * exchange.mirror, -factor[lane]};
-    constexpr std::array<int, 3> kTarget{1, 0, 2};  // component c of the original becomes this one
-    for (int i = 0; i < shape.n1; ++i) {
-      for (int j = 0; j < shape.n2; ++j) {
-        const int i2 = wrapped(j + shift1, shape.n1);
-        const int repeats = (j + shift1 - i2) / shape.n1;
-        const int j2 = wrapped(exchange.mirror * i + shift2 - repeats * shape.shift2, shape.n2);
-        for (std::size_t c = 0; c < 3; ++c) {
-          const double s = c == 0 ? sign[1] : (c == 1 ? sign[0] : sign[2]);
-          const double* const from = original.field->row(i, j, static_cast<int>(c)) + original.lane;
-          double* const to = image.row(i2, j2, kTarget[c]) + lane;
-          for (int k = 0; k < shape.n3; ++k) {
-            to[2 * (k == 0 ? 0 : shape.n3 - k)] = s * from[2 * k];
-          }
-        }
-      }
-    }
+    exchange.map(fields.find(kOriginals[lane]), factor[lane], image, lane);
   }
   fields.cases.push_back(kImages);
   fields.pairs.push_back(std::move(image));

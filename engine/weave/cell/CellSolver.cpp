@@ -32,29 +32,28 @@ kernels::PairLoad unitLoad(const CasePair& cases) {
   return load;
 }
 
-// A start in the layout of `pairs`: the fields that are there where they are, zero elsewhere.
-CellFields startFor(const std::vector<CasePair>& pairs, const GridShape& shape, CellFields given) {
+// The start of one pair of cases: what is given of them, zero elsewhere.
+PairField startOf(const CasePair& cases, const GridShape& shape, const CellFields& given) {
+  PairField start(shape);
+  for (std::size_t lane = 0; lane < 2; ++lane) {
+    if (cases[lane] == kLoadCases || !given.holds(cases[lane])) continue;
+    const CellFields::Place place = given.find(cases[lane]);
+    for (int i = 0; i < shape.n1; ++i) {
+      const double* const from = place.field->plane(i) + place.lane;
+      double* const to = start.plane(i) + lane;
+      for (std::size_t t = 0; t < place.field->planeStride(); t += 2) to[t] = from[t];
+    }
+  }
+  return start;
+}
+
+CellFields startFor(const std::vector<CasePair>& pairs,
+                    const GridShape& shape,
+                    const CellFields& given) {
   CellFields start;
   for (const CasePair& cases : pairs) {
     start.cases.push_back(cases);
-    bool found = false;
-    for (std::size_t pair = 0; pair < given.cases.size() && !found; ++pair) {
-      if (given.cases[pair] != cases) continue;
-      start.pairs.push_back(std::move(given.pairs[pair]));
-      found = true;
-    }
-    if (found) continue;
-    start.pairs.emplace_back(shape);
-    for (std::size_t lane = 0; lane < 2; ++lane) {
-      if (cases[lane] == kLoadCases || !given.holds(cases[lane])) continue;
-      const CellFields::Place place = given.find(cases[lane]);
-      if (place.field->isEmpty()) continue;
-      for (int i = 0; i < shape.n1; ++i) {
-        const double* const from = place.field->plane(i) + place.lane;
-        double* const to = start.pairs.back().plane(i) + lane;
-        for (std::size_t t = 0; t < place.field->planeStride(); t += 2) to[t] = from[t];
-      }
-    }
+    start.pairs.push_back(startOf(cases, shape, given));
   }
   return start;
 }
@@ -118,7 +117,7 @@ int CellSolver::solve(const CellMaterials& materials,
                       const SolveSettings& settings,
                       CellFields& fields) {
   const bool exchangeable = isExchangeable(cell_, materials.constituents());
-  fields = startFor(casesToSolve(exchangeable, thermal), cell_.shape(), std::move(fields));
+  fields = startFor(casesToSolve(exchangeable, thermal), cell_.shape(), fields);
   const int iterations = solvePairs(materials, settings, fields);
   if (exchangeable) addExchangedCases(cell_, fields);
   return iterations;
