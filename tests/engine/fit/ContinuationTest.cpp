@@ -69,7 +69,8 @@ TEST(Continuation, DoesNothingWhereNothingIsMissing) {
 }
 
 // The mean of two contradicting targets is reached to lam/(2 |a|^2 + lam) = 1e-3 of its distance in
-// the first stage, far within 5 % of the best error: no later stage is worth its longer move.
+// the first stage; at a minimum of |r| later stages gain in second order only, which no move is
+// worth.
 TEST(Continuation, SettlesForTheFirstGoodCompromise) {
   const Lines problem{1.0};
   const auto fit = minimumNormFit(problem, -kFar, kFar, {});
