@@ -44,6 +44,9 @@ bool isWorthTheMove(const Problem& problem,
 ///   directions. The continuation is followed for as long as a stage lowers |r| by at least a tenth
 ///   of what it adds to |z|: where targets are measured to 5 % and start values known to 50 %, that
 ///   is a standard deviation for a standard deviation.
+/// - |r| may weigh otherwise than the error does, so that the one falls and the other rises. A
+///   stage whose error is above that of z = 0 gives way to the last one before it that is not, or
+///   to z = 0.
 template <class Problem>
 ContinuationResult<Problem::kParameters> minimumNormFit(
     const Problem& problem,
@@ -61,6 +64,8 @@ ContinuationResult<Problem::kParameters> minimumNormFit(
   std::size_t last = 0;
   Result stage;
   stage.z.setZero();
+  Result start = stage;
+  start.error = problem.error(start.z);
   double lam = kFirstLam;
   for (std::size_t i = 0; i < kStages; ++i, lam /= 10.0) {
     stage.z = leastSquares.minimise(stage.z, lam);
@@ -76,6 +81,8 @@ ContinuationResult<Problem::kParameters> minimumNormFit(
       ++chosen;
     }
   }
+  while (chosen > 0 && stages[chosen].error > start.error) --chosen;
+  if (stages[chosen].error > start.error) stages[chosen] = start;
   stages[chosen].iterations = leastSquares.iterations();
   return stages[chosen];
 }

@@ -39,6 +39,21 @@ struct Satisfied {
   double error(const Vector3& z) const { return std::abs(z(0) + z(1)); }
 };
 
+/// Two targets of one unknown, 1 and 0. The residuals weigh the first and the error the second.
+struct WeighedOtherwise {
+  static constexpr int kParameters = 1;
+  static constexpr int kResiduals = 2;
+  double start = 0.0;
+
+  template <class Scalar>
+  bool operator()(const Scalar* z, Scalar* r) const {
+    r[0] = start + z[0] - 1.0;
+    r[1] = 0.1 * (start + z[0]);
+    return true;
+  }
+  double error(const Eigen::Matrix<double, 1, 1>& z) const { return std::abs(start + z(0)); }
+};
+
 // Along the undetermined direction the position rests on lam >= 1e-11 against the rounding 1e-16.
 constexpr double kSelection = 1e-5;
 
@@ -78,6 +93,20 @@ TEST(Continuation, SettlesForTheFirstGoodCompromise) {
   EXPECT_NEAR(fit.z(0), 3.5 * 2.0 / (10.0 + lam), 1e-8);
   EXPECT_NEAR(fit.z(1), 2.0 * fit.z(0), 1e-8);
   EXPECT_LT(fit.error, 1.05 * 0.5);
+}
+
+TEST(Continuation, EndsWhereItStartedWhenEveryStageRaisesTheError) {
+  const Eigen::Matrix<double, 1, 1> far(10.0);
+  const auto fit = minimumNormFit(WeighedOtherwise{0.25}, -far, far, {});
+  EXPECT_EQ(fit.z(0), 0.0);
+  EXPECT_EQ(fit.error, 0.25);
+  EXPECT_GT(fit.iterations, 0);
+}
+
+TEST(Continuation, MovesWhenTheErrorFallsAsWell) {
+  const Eigen::Matrix<double, 1, 1> far(10.0);
+  const auto fit = minimumNormFit(WeighedOtherwise{2.0}, -far, far, {});
+  EXPECT_NEAR(fit.error, 1.0 / 1.01, 0.01);  // the minimum of the residuals, 1 / (1 + 0.1^2)
 }
 
 }  // namespace
