@@ -1,0 +1,103 @@
+// A run of the program on any bytes as its deck, from the deck to the data files, in this process
+// and with the stand-in library. Every run ends with an exit code, and files that it has written
+// are whole.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <streambuf>
+#include <string>
+
+#include <tinyxml.h>
+
+#include "driver/Phases.h"
+#include "fuzz/Target.h"
+#include "material/Material.h"
+#include "support/TemporaryFolder.h"
+
+namespace lamcraft::fuzz {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Takes all that is printed, and forgets it.
+template <typename Char>
+class Silence : public std::basic_streambuf<Char> {
+ protected:
+  using Int = typename std::basic_streambuf<Char>::int_type;
+  // NOLINTBEGIN(readability-identifier-naming): the standard library's names
+  Int overflow(const Int character) override { return std::char_traits<Char>::not_eof(character); }
+  std::streamsize xsputn(const Char* /*text*/, const std::streamsize size) override { return size; }
+  // NOLINTEND(readability-identifier-naming)
+};
+
+/// The console is silent from the first input on.
+void silenceConsole() {
+  static Silence<char> narrow;
+  static Silence<wchar_t> wide;
+  std::cout.rdbuf(&narrow);
+  std::wcout.rdbuf(&wide);
+}
+
+/// Any of the stand-in's answers to a shear curve; the same for the same input.
+void choosePrefailAnswer(const std::size_t size) {
+  static const char* const kAnswers[] = {"0", "1", "2"};
+  setenv("KXFAKE_PREFAIL", kAnswers[size % std::size(kAnswers)], 1);
+}
+
+/// Whether the deck's bytes may stand in a data file as they are. Data files are declared as UTF-8,
+/// and what the deck has in another encoding makes no XML.
+bool isAscii(const std::string& text) {
+  return std::all_of(
+      text.begin(), text.end(), [](const char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+void requireWhole(const fs::path& path, const bool isXml) {
+  const std::string content = test::contentOf(path);
+  require(content.size() > 2 && content.compare(content.size() - 2, 2, ">\n") == 0,
+          "a data file ends with a tag and a line feed");
+  if (isXml) {
+    TiXmlDocument document;
+    document.Parse(content.c_str());
+    require(!document.Error() && document.RootElement() != nullptr, "a data file is well-formed");
+  }
+}
+
+/// Reads and creates as the program does; true when the run ends as a success.
+bool runDeck(const std::string& deck, const std::string& results) {
+  Material material;
+  material.setResultsDirectory(results);
+  return driver::runParse([&] { material.read(deck); }) == driver::ExitCode::success &&
+         driver::runCreate([&] { material.create(); }) == driver::ExitCode::success;
+}
+
+void run(const std::string& text) {
+  static const test::TemporaryFolder folder;
+  static const std::string deck = folder.file("deck.qdk");
+  static const fs::path results = folder.path() / "results";
+  choosePrefailAnswer(text.size());
+  std::ofstream(deck, std::ios::binary) << text;
+  const bool succeeded = runDeck(deck, results.string());
+  for (const char* const name : {"mdata.xml", "fdata.xml"}) {
+    const fs::path path = results / name;
+    if (fs::exists(path)) {
+      require(succeeded, "a run that fails writes no data file");
+      requireWhole(path, isAscii(text));
+      fs::remove(path);
+    }
+  }
+  fs::remove(results / "input.qdk");
+}
+
+}  // namespace
+}  // namespace lamcraft::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* const data, const std::size_t size) {
+  lamcraft::fuzz::silenceConsole();
+  lamcraft::fuzz::run(std::string(data, data + size));
+  return 0;
+}
