@@ -1,6 +1,7 @@
 // Solves with the stand-in library, which writes down every call: what is called, with what, and
 // what the console says beside it.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -74,6 +75,8 @@ class Solve : public testing::Test {
     Trace trace;
     trace.console = testing::internal::GetCapturedStdout();
     trace.calls = test::contentOf(log);
+    // The library writes text, whose lines end with two characters on Windows.
+    trace.calls.erase(std::remove(trace.calls.begin(), trace.calls.end(), '\r'), trace.calls.end());
     return trace;
   }
 
