@@ -4,6 +4,7 @@
 
 #include "driver/Arguments.h"
 #include "driver/EngineState.h"
+#include "driver/FitExchange.h"
 #include "elastic/Properties.h"
 #include "fatigue/UnidirectionalFatigue.h"
 #include "fit/UnidirectionalFit.h"
@@ -16,26 +17,6 @@
 namespace {
 
 using kx::Properties;
-
-kx::FitOptions fitOptions() {
-  auto& state = kx::EngineState::instance();
-  const auto limits = state.maximumErrors(kx::CompositeKind::unidirectional);
-  kx::FitOptions options;
-  options.maximumMechanicalError = limits.mechanical;
-  options.maximumThermalError = limits.thermal;
-  options.isotropicMatrix = state.isMatrixIsotropic();
-  options.progress = [&state](std::int32_t iteration, double error) {
-    state.status().report(iteration, error);
-  };
-  return options;
-}
-
-void writeSummary(const kx::FitSummary& summary, double* errors, std::int32_t* iterations) {
-  const bool hasRun = summary.initialError >= 0.0 && summary.finalError >= 0.0;
-  errors[0] = hasRun ? summary.initialError : kx::kNoFitError;
-  errors[1] = hasRun ? summary.finalError : kx::kNoFitError;
-  *iterations = std::max(summary.iterations, std::int32_t{0});
-}
 
 /// All zeros, which no fatigue fit accepts, where the constituents make no lamina.
 kx::MatrixConcentration matrixConcentration(const kx::UnidirectionalMaterials& materials,
@@ -74,17 +55,18 @@ void UNI_OPTIMIZATION(const double* fiberVolumeFraction,
     return;
   }
   kx::guarded([&] {
-    writeSummary({}, errors, iterations);
-    writeSummary({}, errors + 2, iterations + 1);
+    kx::writeSummary({}, errors, iterations);
+    kx::writeSummary({}, errors + 2, iterations + 1);
     const kx::UnidirectionalMaterials given{
         kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
     kx::EngineState::instance().status().begin();
-    const auto result = kx::fitUnidirectional(*fiberVolumeFraction, given, fitOptions());
+    const auto result = kx::fitUnidirectional(
+        *fiberVolumeFraction, given, kx::fitOptions(kx::CompositeKind::unidirectional));
     kx::copyTo(result.materials.lamina, lamina);
     kx::copyTo(result.materials.fiber, fiber);
     kx::copyTo(result.materials.matrix, matrix);
-    writeSummary(result.mechanical, errors, iterations);
-    writeSummary(result.thermal, errors + 2, iterations + 1);
+    kx::writeSummary(result.mechanical, errors, iterations);
+    kx::writeSummary(result.thermal, errors + 2, iterations + 1);
     if (!kx::areGiven(temperature, fatigueLongitudinal, fatigueTransverse, strengths)) {
       return;
     }

@@ -4,6 +4,7 @@
 
 #include "driver/Arguments.h"
 #include "driver/EngineState.h"
+#include "driver/FitExchange.h"
 #include "elastic/Properties.h"
 #include "fit/ConstituentSpace.h"
 #include "fit/MatrixSymmetry.h"
@@ -48,25 +49,6 @@ void withWeaves(const Work& work) {
   work(rest.weaves);
 }
 
-kx::FitOptions fitOptions() {
-  auto& state = kx::EngineState::instance();
-  const auto limits = state.maximumErrors(kx::CompositeKind::woven);
-  kx::FitOptions options;
-  options.maximumMechanicalError = limits.mechanical;
-  options.maximumThermalError = limits.thermal;
-  options.isotropicMatrix = state.isMatrixIsotropic();
-  options.progress = [&state](std::int32_t iteration, double error) {
-    state.status().report(iteration, error);
-  };
-  return options;
-}
-
-void writeSummary(const kx::FitSummary& summary, double* errors, std::int32_t* iterations) {
-  errors[0] = summary.initialError;
-  errors[1] = summary.finalError;
-  *iterations = summary.iterations;
-}
-
 /// Writes one slot of a decomposition block and returns the next.
 double* writeSlot(const kx::Concentration& concentration, double* slot) {
   slot = std::copy_n(concentration.stress.data(), 36, slot);  // Eigen stores by columns
@@ -107,12 +89,13 @@ void WEAVE_OPTIMIZATION(const int32_t* harness,
         kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
     kx::EngineState::instance().status().begin();
     withWeaves([&](kx::WeaveModel& weaves) {
-      const auto result = kx::fitWeave(weaves, weave, given, fitOptions());
+      const auto result =
+          kx::fitWeave(weaves, weave, given, kx::fitOptions(kx::CompositeKind::woven));
       kx::copyTo(result.materials.lamina, lamina);
       kx::copyTo(result.materials.fiber, fiber);
       kx::copyTo(result.materials.matrix, matrix);
-      writeSummary(result.mechanical, errors, iterations);
-      writeSummary(result.thermal, errors + 2, iterations + 1);
+      kx::writeSummary(result.mechanical, errors, iterations);
+      kx::writeSummary(result.thermal, errors + 2, iterations + 1);
     });
   });
 }
