@@ -63,6 +63,10 @@ void setIsotropyFlag(const EnvironmentRecord& environment) {
   SETISOFLAG(&isotropic);
 }
 
+std::int32_t snCountOf(const EnvironmentRecord& environment) {
+  return countOf(environment.snRecords);
+}
+
 Status status() {
   Status answer{};
   answer.goOn = INSITU_STATUS(&answer.iteration, &answer.error) == 0;
@@ -85,7 +89,7 @@ MaterialSystem defaultProperties(const std::int32_t code, const std::string& nam
 void fitUnidirectional(const double fiberVolumeFraction, EnvironmentRecord& environment) {
   assert(environment.resultRows.size() >= 2);
   const auto strengths = valuesOf(environment.strengths);
-  const std::int32_t snCount = countOf(environment.snRecords);
+  const std::int32_t snCount = snCountOf(environment);
   UNI_OPTIMIZATION(&fiberVolumeFraction,
                    environment.lamina.working(),
                    environment.fiber.working(),
@@ -228,7 +232,7 @@ void decomposeForFatigue(DamageStateRecord& record) {
 void fitWeaveFatigue(const WeaveGeometry& weave, EnvironmentRecord& environment) {
   assert(environment.resultRows.size() >= 4);
   const auto strengths = valuesOf(environment.strengths);
-  const std::int32_t snCount = countOf(environment.snRecords);
+  const std::int32_t snCount = snCountOf(environment);
   FATIGUE_PW_OPTI(environment.resultRows[0].data(),
                   environment.resultRows[1].data(),
                   environment.resultRows[2].data(),

@@ -42,6 +42,9 @@ void setMaximumErrors(const Composite& composite);
 /// Tells the library whether the matrix of the environment is isotropic.
 void setIsotropyFlag(const EnvironmentRecord& environment);
 
+/// The number of the environment's S-N records, as the library takes it.
+[[nodiscard]] std::int32_t snCountOf(const EnvironmentRecord& environment);
+
 /// Asks for the status; the one call that may be made from another thread.
 [[nodiscard]] Status status();
 

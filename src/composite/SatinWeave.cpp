@@ -113,7 +113,7 @@ micromechanics::WeaveGeometry SatinWeave::geometry() const {
 
 void SatinWeave::runFatigue(const std::string& folder, EnvironmentRecord& environment) const {
   console::Output().message(console::kFatigueDamageStates).endLine();
-  const auto snCount = static_cast<std::int32_t>(environment.snRecords.size());
+  const std::int32_t snCount = micromechanics::snCountOf(environment);
   for (DamageStateRecord& record : environment.fatigueDamageStates) {
     computeDamageState(folder, environment, snCount, record);
     micromechanics::decomposeForFatigue(record);
