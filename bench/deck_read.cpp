@@ -1,7 +1,8 @@
-// Reading decks: bytes per second, and time against size.
+// Reading decks: bytes per second, time and memory against size.
 
 #include <benchmark/benchmark.h>
 
+#include "MemoryPeak.h"
 #include "SampleDeck.h"
 #include "abqinp/InputFile.h"
 
@@ -43,10 +44,26 @@ void sizes(benchmark::internal::Benchmark* const benchmark) {
   benchmark->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
 }
 
+/// Of decks that exceed by far what the process holds already, so that its peak is theirs.
+void readLargeDeck(benchmark::State& state, const DeckKind kind) {
+  const MemoryPeak peak;
+  readDeck(state, kind);
+  state.counters["memory/size"] =
+      static_cast<double>(peak.bytes()) / static_cast<double>(state.range(0));
+}
+
+/// A quarter and a whole gigabyte.
+void largeSizes(benchmark::internal::Benchmark* const benchmark) {
+  benchmark->ArgName("bytes")->Arg(1 << 28)->Arg(1 << 30);
+  benchmark->Unit(benchmark::kMillisecond)->Iterations(2)->UseRealTime();
+}
+
 BENCHMARK_CAPTURE(readDeck, data, DeckKind::data)->Apply(sizes);
 BENCHMARK_CAPTURE(readDeck, comments, DeckKind::comments)->Apply(sizes);
 BENCHMARK_CAPTURE(readDeck, mixed, DeckKind::mixed)->Apply(sizes);
 BENCHMARK_CAPTURE(readDeck, keywords, DeckKind::keywords)->Apply(sizes);
 BENCHMARK(readNumbers)->Apply(sizes);
+BENCHMARK_CAPTURE(readLargeDeck, data, DeckKind::data)->Apply(largeSizes);
+BENCHMARK_CAPTURE(readLargeDeck, comments, DeckKind::comments)->Apply(largeSizes);
 
 }  // namespace

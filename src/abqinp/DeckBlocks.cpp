@@ -1,5 +1,6 @@
 #include "abqinp/DeckBlocks.h"
 
+#include <exception>
 #include <ostream>
 
 namespace abqinp {
@@ -18,6 +19,16 @@ std::string_view takeLine(std::string_view& lines) noexcept {
 }
 
 }  // namespace
+
+void DeckBlocks::expect(const std::size_t bytes) noexcept {
+  try {
+    keywordText_.reserve(bytes);
+    commentText_.reserve(bytes);
+    dataText_->reserve(bytes);
+  } catch (const std::exception&) {
+    // Texts that grow as they are filled may still find room.
+  }
+}
 
 void DeckBlocks::addComment(const std::string_view text) {
   appendLine(commentText_, text);

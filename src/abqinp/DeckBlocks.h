@@ -20,6 +20,10 @@ namespace abqinp {
 /// reaches it. Memory: the normalized deck and 24 bytes for each keyword.
 class DeckBlocks {
  public:
+  /// Prepares for a deck of that many bytes: what is added up to there moves nothing that is there
+  /// already. A hint, which costs no memory until there is text, and which may fail silently.
+  void expect(std::size_t bytes) noexcept;
+
   void addComment(std::string_view text);
   /// Adds the keyword of a normalized line, whose name must not be empty. The blank lines that end
   /// the data of the keyword before it go.

@@ -1,6 +1,7 @@
 #ifndef LAMCRAFT_ABQINP_DECKPARSER_H
 #define LAMCRAFT_ABQINP_DECKPARSER_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@ namespace abqinp {
 /// and data lines. Time is linear in the deck's size, wherever its comments stand.
 class DeckParser {
  public:
+  /// Prepares for that many bytes: a hint, see DeckBlocks::expect().
+  void expect(const std::size_t bytes) noexcept { blocks_.expect(bytes); }
   /// Takes the next line, as it stands in the deck but for its line feed.
   void addLine(std::string_view line);
   /// The blocks of all lines. Nothing can be added after it.

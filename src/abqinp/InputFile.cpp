@@ -1,5 +1,6 @@
 #include "abqinp/InputFile.h"
 
+#include <cstddef>
 #include <fstream>
 #include <limits>
 #include <locale>
@@ -27,11 +28,22 @@ Stream opened(const std::string& path) {
   return file;
 }
 
+/// 0 where there is no size to know, as of a pipe. The file is at its start afterwards.
+std::size_t sizeOf(std::ifstream& file) {
+  file.seekg(0, std::ios::end);
+  const std::streamoff size = file.tellg();
+  file.clear();
+  file.seekg(0);
+  file.clear();
+  return size < 0 ? 0 : static_cast<std::size_t>(size);
+}
+
 }  // namespace
 
 void InputFile::read(const std::string& path) {
   auto file = opened<std::ifstream>(path);
   DeckParser parser;
+  parser.expect(sizeOf(file));
   LineReader lines(file);
   std::string_view line;
   while (lines.next(line)) {

@@ -87,6 +87,17 @@ TEST(DeckBlocks, DropsBlankLinesBehindTheLastDataLineOnly) {
   EXPECT_EQ(walked(blocks), "*A\n\n1\n\n\n, \n*B\n");
 }
 
+TEST(DeckBlocks, AreTheSameWhateverSizeWasExpected) {
+  for (const std::size_t bytes : {std::size_t{1}, std::size_t{1} << 20, std::size_t{0} - 1}) {
+    DeckBlocks blocks;
+    blocks.expect(bytes);
+    blocks.addComment("** C");
+    blocks.addKeyword("*A");
+    blocks.addDataLine("1");
+    EXPECT_EQ(walked(blocks), "** C\n*A\n1\n") << bytes;
+  }
+}
+
 TEST(DeckBlocks, StaysAtTheEnd) {
   const DeckBlocks blocks = sample();
   DeckBlocks::Place place;
