@@ -21,7 +21,7 @@
 ///
 /// INSITU_STATUS alone may be called from a second thread while another function runs.
 
-#include <stdint.h>
+#include <stdint.h>  // NOLINT(modernize-deprecated-headers): C reads this header as well
 
 #if defined(_WIN32) && defined(KXDRIVER_EXPORTS)
 #define KXDRIVER_API __declspec(dllexport)

@@ -77,7 +77,7 @@ class FieldFit {
   /// at kBalancedLam.
   Vector followed(Point& point) {
     minimise(point, kBalancedLam, kMostSolves / 2);
-    const Vector balanced = point.z;
+    Vector balanced = point.z;
     double before = point.error;
     for (double lam = kBalancedLam * kLamFactor; lam >= kLastLam; lam *= kLamFactor) {
       if (point.error <= kExactError || solves_ >= kMostSolves) break;
