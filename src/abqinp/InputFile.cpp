@@ -8,6 +8,7 @@
 
 #include "abqinp/DeckParser.h"
 #include "abqinp/LineReader.h"
+#include "platform/FileSystem.h"
 
 namespace abqinp {
 namespace {
@@ -41,6 +42,9 @@ std::size_t sizeOf(std::ifstream& file) {
 }  // namespace
 
 void InputFile::read(const std::string& path) {
+  if (!lamcraft::platform::hasAnEnd(path)) {
+    throw couldNotOpen(path);
+  }
   auto file = opened<std::ifstream>(path);
   DeckParser parser;
   parser.expect(sizeOf(file));
@@ -72,6 +76,10 @@ bool InputFile::nextKeyword() {
 void InputFile::write(const std::string& path, const bool inWrittenOrder) const {
   auto file = opened<std::ofstream>(path);
   blocks_.write(file, inWrittenOrder);
+  file.close();
+  if (!file) {
+    throw std::runtime_error("Could not write file " + path);
+  }
 }
 
 void InputFile::requireIndex(const std::uint64_t index) {

@@ -24,7 +24,8 @@ class InputFile {
 
   /// Reads the deck at `path` in place of what was read before; the cursor then stands before the
   /// first block. Raises std::runtime_error ("Could not open file " path), and then changes
-  /// nothing, when the file cannot be opened or, like a folder, cannot be read.
+  /// nothing, when the file cannot be opened or cannot be read to an end, such as a folder or a
+  /// FIFO that nobody writes.
   void read(const std::string& path);
 
   /// Puts the cursor before the first block.
@@ -46,7 +47,8 @@ class InputFile {
   }
 
   /// Writes every block to `path`, in place of what is there. Raises std::runtime_error ("Could
-  /// not open file " path) when it cannot be opened; later failures are not reported.
+  /// not open file " path) when it cannot be opened, and ("Could not write file " path) when it
+  /// then does not take all, as on a full disk.
   void write(const std::string& path, bool inWrittenOrder) const;
 
  protected:

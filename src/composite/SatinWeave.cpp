@@ -54,9 +54,9 @@ bool SatinWeave::validate(std::ostream& /*messages*/) const {
                        get(constituents::kFillMatrix).degradation >= kLeastMatrixFactor);
 }
 
-void SatinWeave::write(const std::string& path, const DataFile /*file*/) const {
+bool SatinWeave::write(const std::string& path, const DataFile /*file*/) const {
   WeaveXML document(path);
-  document.writeDocument(*this, false);
+  return document.writeDocument(*this, false);
 }
 
 EnvironmentRecord& SatinWeave::addEnvironment(const std::string_view moistureText,

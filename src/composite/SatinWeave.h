@@ -21,7 +21,7 @@ class SatinWeave final : public FramedComposite {
   bool validate(std::ostream& messages) const override;
 
   /// Always the material data: the fatigue data file of a weave has the same content.
-  void write(const std::string& path, DataFile file) const override;
+  bool write(const std::string& path, DataFile file) const override;
 
   /// Lists the environment's damage states too.
   EnvironmentRecord& addEnvironment(std::string_view moistureText, double temperature) override;

@@ -27,9 +27,9 @@ bool Uni::validate(std::ostream& messages) const {
   return false;
 }
 
-void Uni::write(const std::string& path, const DataFile file) const {
+bool Uni::write(const std::string& path, const DataFile file) const {
   UniXML document(path);
-  document.writeDocument(*this, file == DataFile::fatigue);
+  return document.writeDocument(*this, file == DataFile::fatigue);
 }
 
 void Uni::printTitle() const {

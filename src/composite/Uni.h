@@ -18,7 +18,7 @@ class Uni final : public FramedComposite {
   /// Every environment's transverse shear strength, the sixth, must be above 0.
   bool validate(std::ostream& messages) const override;
 
-  void write(const std::string& path, DataFile file) const override;
+  bool write(const std::string& path, DataFile file) const override;
 
  private:
   void printTitle() const override;

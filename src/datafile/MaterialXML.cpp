@@ -44,7 +44,7 @@ void appendLaminate(TiXmlElement& parent, const LaminateEntry& entry) {
 
 MaterialXML::MaterialXML(const std::string& path) : TiXmlDocument(path) {}
 
-void MaterialXML::writeDocument(const Composite& composite, const bool fatigueMode) {
+bool MaterialXML::writeDocument(const Composite& composite, const bool fatigueMode) {
   composite_ = &composite;
   fatigueMode_ = fatigueMode;
   Clear();
@@ -59,7 +59,17 @@ void MaterialXML::writeDocument(const Composite& composite, const bool fatigueMo
   for (const EnvironmentRecord& environment : composite.environments) {
     writeEnvironment(root, environment);
   }
-  SaveFile();
+  return save();
+}
+
+/// As SaveFile() does with the path, which does not look at how closing the file ends.
+bool MaterialXML::save() const {
+  std::FILE* const file = std::fopen(Value(), "w");
+  if (file == nullptr) {
+    return false;
+  }
+  const bool isWritten = SaveFile(file);
+  return std::fclose(file) == 0 && isWritten;
 }
 
 void MaterialXML::Print(std::FILE* const file, const int /*depth*/) const {

@@ -27,12 +27,12 @@ class MaterialXML : public TiXmlDocument {
   virtual void writeConstituentBlocks(TiXmlElement& element,
                                       const EnvironmentRecord& environment) = 0;
 
-  /// Builds the document and saves it over what stands at the path. Whether saving succeeds is not
-  /// looked at: a file cut short lacks its last end tag, so that no reader takes it for whole.
+  /// Builds the document and saves it over what stands at the path. False when the file is not
+  /// whole; it is then the beginning of one, or not there.
   /// fatigueMode: with the results that only the fatigue data file holds.
-  void writeDocument(const Composite& composite, bool fatigueMode);
+  bool writeDocument(const Composite& composite, bool fatigueMode);
 
-  /// What SaveFile calls: the document's text, as TinyXML's own function gives it.
+  /// What saving calls: the document's text, as TinyXML's own function gives it.
   void Print(std::FILE* file, int depth = 0) const override;
 
  protected:
@@ -41,6 +41,7 @@ class MaterialXML : public TiXmlDocument {
   [[nodiscard]] bool fatigueMode() const noexcept { return fatigueMode_; }
 
  private:
+  [[nodiscard]] bool save() const;
   void writeMaterial(TiXmlElement& root) const;
   void writeEnvironment(TiXmlElement& root, const EnvironmentRecord& environment);
   void writeSolver(TiXmlElement& element, const EnvironmentRecord& environment) const;

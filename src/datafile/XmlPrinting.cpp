@@ -21,13 +21,19 @@ bool isPlain(const std::string& text) noexcept {
 class Printer {
  public:
   explicit Printer(std::FILE* const file) : file_(file) { buffer_.reserve(2 * kBufferSize); }
-  ~Printer() { flush(); }
   Printer(const Printer&) = delete;
   Printer& operator=(const Printer&) = delete;
+  ~Printer() = default;
 
   void put(const TiXmlDeclaration& declaration) {
     declaration.Print(nullptr, 0, &buffer_);
     buffer_ += '\n';
+  }
+
+  /// Hands all that was put on to the system.
+  void finish() {
+    flush();
+    std::fflush(file_);
   }
 
   /// Puts an element with everything in it.
@@ -91,6 +97,7 @@ void print(const TiXmlDocument& document, std::FILE* const file) {
       printer.put(*declaration);
     }
   }
+  printer.finish();
 }
 
 }  // namespace lamcraft::xml

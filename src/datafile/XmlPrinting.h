@@ -9,7 +9,7 @@ namespace lamcraft::xml {
 
 /// Prints a document of a declaration and elements to the very bytes that TiXmlDocument::Print
 /// makes of it, in half the time: through one buffer, and without a look for characters to escape
-/// in every number. Errors are left in the file's error flag.
+/// in every number. The file is flushed, and errors are left in its error flag.
 void print(const TiXmlDocument& document, std::FILE* file);
 
 }  // namespace lamcraft::xml

@@ -5,6 +5,7 @@
 #include "driver/Localization.h"
 #include "driver/Phases.h"
 #include "material/Material.h"
+#include "platform/Process.h"
 
 namespace lamcraft::driver {
 
@@ -22,6 +23,7 @@ void printUsage(const char* program) {
 }  // namespace
 
 ExitCode run(int count, const char* const* arguments) {
+  platform::weatherFaults();
   if (!runLocalization([] { setupLocalization(); })) return ExitCode::success;
   if (count < 2) {
     printUsage(count > 0 ? arguments[0] : "");

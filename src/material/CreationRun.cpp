@@ -1,4 +1,5 @@
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include "abqinp/InputFileException.h"
@@ -7,6 +8,7 @@
 #include "material/KeywordTable.h"
 #include "material/Material.h"
 #include "platform/FileSystem.h"
+#include "platform/FolderLock.h"
 
 namespace lamcraft {
 
@@ -39,6 +41,10 @@ bool isValid(const Composite& composite) {
   out.message(console::kInputsInvalid).endLine();
   out.text(messages.str()).endLine();
   return false;
+}
+
+std::runtime_error couldNotOpen(const std::string& path) {
+  return std::runtime_error("Could not open file " + path);
 }
 
 }  // namespace
@@ -84,12 +90,43 @@ bool Material::mayWrite(const std::string& folder) const {
   return false;
 }
 
-void Material::writeFiles(const std::string& folder) const {
-  write(pathOf(folder, kDeckCopy), true);
-  composite_->write(pathOf(folder, kMaterialData), DataFile::material);
-  if (composite_->presence.snData) {
-    composite_->write(pathOf(folder, kFatigueData), DataFile::fatigue);
+void Material::stageDeck(platform::StagedFile& file) const {
+  if (!platform::mayWrite(file.path()) || !file.create()) {
+    throw couldNotOpen(file.path());
   }
+  write(file.part(), true);
+}
+
+/// That a data file cannot be saved is not reported: it is missing then.
+void Material::stageData(platform::StagedFile& file, const DataFile kind) const {
+  if (file.create() && !composite_->write(file.part(), kind)) {
+    file.discard();
+  }
+}
+
+/// Nothing in the folder changes until all files are written as far as they can be. Then the old
+/// data files go first and the new material data come last: a deck's copy never stands beside the
+/// data of another deck, and without mdata.xml it marks a run that failed while writing.
+void Material::writeFiles(const std::string& folder) const {
+  platform::StagedFile deck(pathOf(folder, kDeckCopy));
+  platform::StagedFile materialData(pathOf(folder, kMaterialData));
+  platform::StagedFile fatigueData(pathOf(folder, kFatigueData));
+  stageDeck(deck);
+  stageData(materialData, DataFile::material);
+  if (composite_->presence.snData) {
+    stageData(fatigueData, DataFile::fatigue);
+  }
+
+  const platform::FolderLock lock(folder);
+  materialData.removeOld();
+  if (composite_->presence.snData) {
+    fatigueData.removeOld();
+  }
+  if (!deck.commit()) {
+    throw couldNotOpen(deck.path());
+  }
+  fatigueData.commit();
+  materialData.commit();
 }
 
 }  // namespace lamcraft

@@ -8,6 +8,7 @@
 #include "abqinp/InputFile.h"
 #include "abqinp/Keyword.h"
 #include "composite/model/Composite.h"
+#include "platform/StagedFile.h"
 
 namespace lamcraft {
 
@@ -56,6 +57,8 @@ class Material : public abqinp::InputFile {
   void requireComposite() const;
   [[nodiscard]] std::string targetFolder() const;
   [[nodiscard]] bool mayWrite(const std::string& folder) const;
+  void stageDeck(platform::StagedFile& file) const;
+  void stageData(platform::StagedFile& file, DataFile kind) const;
   void writeFiles(const std::string& folder) const;
   void dispatch();
 

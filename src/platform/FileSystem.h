@@ -31,6 +31,31 @@ bool isNormalFile(const std::string& path);
 /// Creates one folder with default access; its parent must exist. True when it has been created.
 bool createFolder(const std::string& path);
 
+/// Whether reading what is at `path` comes to an end, as that of a file does, or of a pipe or a
+/// terminal that the program was handed. Not so a FIFO of the file system, which may wait for a
+/// writer for good, and devices that never run dry. True where there is nothing.
+bool hasAnEnd(const std::string& path);
+
+/// Whether a file can be written at `path` as far as what stands there is concerned: nothing, or
+/// a file that the user may write.
+bool mayWrite(const std::string& path);
+
+/// The file that a link at `path` leads to; `path` itself when there is no link, or one that does
+/// not lead to a file.
+std::string fileBehind(const std::string& path);
+
+enum class Creation { done, taken, failed };
+
+/// Creates an empty file; `taken` when there is something of that name.
+Creation createFile(const std::string& path);
+
+/// Puts the file at `from` in the place of what is at `to`, at once: at no moment there is neither,
+/// or a mixture. False, and nothing has changed, when `to` is a folder or cannot be replaced.
+bool replaceFile(const std::string& from, const std::string& to);
+
+/// Removes the file at `path`, if there is one that can be removed.
+void removeFile(const std::string& path);
+
 }  // namespace lamcraft::platform
 
 #endif

@@ -19,4 +19,35 @@ bool createFolder(const std::string& path) {
   return CreateDirectoryW(widened(path).c_str(), nullptr) != 0;
 }
 
+bool hasAnEnd(const std::string& /*path*/) {
+  return true;
+}
+
+bool mayWrite(const std::string& path) {
+  constexpr std::uint32_t kReadOnlyAttribute = FILE_ATTRIBUTE_READONLY;
+  return (fileAttributes(path).value_or(0) & (kFolderAttribute | kReadOnlyAttribute)) == 0;
+}
+
+std::string fileBehind(const std::string& path) {
+  return path;
+}
+
+Creation createFile(const std::string& path) {
+  const HANDLE file = CreateFileW(
+      widened(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return GetLastError() == ERROR_FILE_EXISTS ? Creation::taken : Creation::failed;
+  }
+  CloseHandle(file);
+  return Creation::done;
+}
+
+bool replaceFile(const std::string& from, const std::string& to) {
+  return MoveFileExW(widened(from).c_str(), widened(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+void removeFile(const std::string& path) {
+  DeleteFileW(widened(path).c_str());
+}
+
 }  // namespace lamcraft::platform

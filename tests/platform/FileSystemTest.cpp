@@ -58,5 +58,34 @@ TEST(FileSystem, DoesNotCreateWhatIsThere) {
   EXPECT_FALSE(createFolder(folder.path().string()));
 }
 
+TEST(FileSystem, MayWriteFilesAndWhereNothingIs) {
+  const TemporaryFolder folder;
+  EXPECT_TRUE(mayWrite(folder.file("nothing")));
+  EXPECT_TRUE(mayWrite(folder.write("file", "x")));
+  EXPECT_FALSE(mayWrite(folder.path().string()));
+}
+
+TEST(FileSystem, CreatesAFileWhereNothingIs) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(createFile(folder.file("file")), Creation::done);
+  EXPECT_EQ(createFile(folder.file("file")), Creation::taken);
+  EXPECT_EQ(createFile(folder.file("missing") + pathSeparator() + "file"), Creation::failed);
+}
+
+TEST(FileSystem, RemovesFilesAndLeavesFolders) {
+  const TemporaryFolder folder;
+  removeFile(folder.write("file", "x"));
+  EXPECT_EQ(fileAttributes(folder.file("file")), std::nullopt);
+  removeFile(folder.path().string());
+  EXPECT_TRUE(isFolder(folder.path().string()));
+}
+
+TEST(FileSystem, FilesFoldersAndNothingHaveAnEnd) {
+  const TemporaryFolder folder;
+  EXPECT_TRUE(hasAnEnd(folder.write("deck.qdk", "*KW1\n")));
+  EXPECT_TRUE(hasAnEnd(folder.path().string()));
+  EXPECT_TRUE(hasAnEnd(folder.file("nothing")));
+}
+
 }  // namespace
 }  // namespace lamcraft::platform

@@ -41,8 +41,8 @@ class Composite : public ParentCons {
   /// Fits every environment and reports on the console; folder is the material folder. Returns 0.
   virtual int solve(const std::string& folder) = 0;
 
-  /// Writes a data file at path. A failure to save is not reported.
-  virtual void write(const std::string& path, DataFile file) const = 0;
+  /// Writes a data file at path. False when the file is not whole.
+  virtual bool write(const std::string& path, DataFile file) const = 0;
 
   /// Harness number of a weave (1 plain, 4, 5 or 8 satin); 0 for composites that have none.
   [[nodiscard]] virtual std::int32_t harness() const noexcept { return 0; }

@@ -15,7 +15,7 @@ class TestComposite : public Composite {
  public:
   bool validate(std::ostream&) const override { return true; }
   int solve(const std::string&) override { return 0; }
-  void write(const std::string&, DataFile) const override {}
+  bool write(const std::string&, DataFile) const override { return true; }
   [[nodiscard]] std::int32_t harness() const noexcept override { return harnessNumber; }
 
   std::int32_t harnessNumber = 0;

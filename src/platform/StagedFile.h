@@ -1,0 +1,44 @@
+#ifndef LAMCRAFT_PLATFORM_STAGEDFILE_H
+#define LAMCRAFT_PLATFORM_STAGEDFILE_H
+
+#include <string>
+
+namespace lamcraft::platform {
+
+/// A file that is written under another name, "NAME.part" in the same folder, and takes its own
+/// name when it is whole: under that name, nobody ever finds half of it. A part that does not come
+/// to that is removed; one that a killed process has left is of no use to anybody. A link to a file
+/// is followed; whatever else has the name makes room, but for a folder.
+class StagedFile {
+ public:
+  /// path: the name in the end. Nothing is created yet.
+  explicit StagedFile(std::string path);
+  StagedFile(const StagedFile&) = delete;
+  StagedFile& operator=(const StagedFile&) = delete;
+  ~StagedFile();
+
+  /// Creates the part, empty, under a name that no other file has; false where the folder takes no
+  /// file.
+  bool create();
+  /// Removes the part; there is nothing to commit then.
+  void discard();
+  /// Removes what stands at path().
+  void removeOld() const;
+  /// Puts the part in the place of what stands at path(). False when that failed or when there is
+  /// no part.
+  bool commit();
+
+  /// The name in the end.
+  [[nodiscard]] const std::string& path() const noexcept { return path_; }
+  /// Where to write; empty without a part.
+  [[nodiscard]] const std::string& part() const noexcept { return part_; }
+
+ private:
+  std::string path_;
+  std::string target_;
+  std::string part_;
+};
+
+}  // namespace lamcraft::platform
+
+#endif

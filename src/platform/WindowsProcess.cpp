@@ -1,0 +1,7 @@
+#include "platform/Process.h"
+
+namespace lamcraft::platform {
+
+void weatherFaults() {}
+
+}  // namespace lamcraft::platform
