@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <regex>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -84,6 +86,38 @@ TEST(DeckReference, ShowsOnlyWhatTheProgramReads) {
     }
   }
   EXPECT_EQ(examples, 17) << "one for each keyword but FATIGUE";
+}
+
+/// The tests that the last column of a document's tables names, as "Suite.Name".
+std::set<std::string> testsNamedIn(const char* const document) {
+  std::set<std::string> names;
+  std::istringstream in(contentOf(fs::path(LAMCRAFT_ROOT) / document));
+  const std::regex row(R"(^\|.*\| `(\w+\.\w+)` \|$)");
+  for (std::string line; std::getline(in, line);) {
+    std::smatch found;
+    if (std::regex_match(line, found, row)) names.insert(found[1]);
+  }
+  return names;
+}
+
+/// The tests of the sources in a folder.
+std::set<std::string> testsIn(const fs::path& folder) {
+  std::set<std::string> names;
+  const std::regex test(R"(\nTEST(?:_F|_P)?\((\w+), (\w+)\))");
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    const std::string source = contentOf(entry.path());
+    for (std::sregex_iterator found(source.begin(), source.end(), test), end; found != end;
+         ++found) {
+      names.insert((*found)[1].str() + "." + (*found)[2].str());
+    }
+  }
+  return names;
+}
+
+TEST(Reliability, HasARowForEveryTestAndATestForEveryRow) {
+  const auto tests = testsIn(fs::path(LAMCRAFT_ROOT) / "tests" / "reliability");
+  EXPECT_GT(tests.size(), 40U);
+  EXPECT_EQ(testsNamedIn("docs/reliability.md"), tests);
 }
 
 TEST(Readme, HasAFirstDeckOfTenLinesThatRuns) {

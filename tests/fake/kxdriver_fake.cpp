@@ -7,11 +7,15 @@
 //   KXFAKE_PREFAIL      failure code of the prefail functions (default: no failure)
 //   KXFAKE_PREFAIL_FLAG their failure flag (default: 1 with a failure code, else 0)
 //   KXFAKE_SLEEP_MS     how long a fit takes (default 0)
+//   KXFAKE_FAULT        what a fit does wrong: "throw", "abort" or "nan", which all outputs are
+//   then
 
 #include <chrono>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -27,11 +31,16 @@ std::int32_t setting(const char* const name, const std::int32_t otherwise) {
   return text == nullptr ? otherwise : static_cast<std::int32_t>(std::atol(text));
 }
 
+std::string fault() {
+  const char* const text = std::getenv("KXFAKE_FAULT");
+  return text == nullptr ? std::string() : text;
+}
+
 /// The next of the numbers 1, 2, 3, ...: no two outputs of a run are alike.
 double nextNumber() {
   static double last = 0.0;
   last += 1.0;
-  return last;
+  return fault() == "nan" ? std::nan("") : last;
 }
 
 void fill(double* const output, const int count) {
@@ -42,7 +51,8 @@ void fill(double* const output, const int count) {
 
 void fill(std::int32_t* const output, const int count) {
   for (int i = 0; i < count; ++i) {
-    output[i] = static_cast<std::int32_t>(nextNumber());
+    const double number = nextNumber();
+    output[i] = std::isnan(number) ? -1 : static_cast<std::int32_t>(number);
   }
 }
 
@@ -103,7 +113,10 @@ class Call {
   std::FILE* log_ = nullptr;
 };
 
+/// What a fit does besides fitting.
 void takeTime() {
+  if (fault() == "throw") throw std::runtime_error("the library failed");
+  if (fault() == "abort") std::abort();
   std::this_thread::sleep_for(std::chrono::milliseconds(setting("KXFAKE_SLEEP_MS", 0)));
 }
 

@@ -1,0 +1,37 @@
+#ifndef LAMCRAFT_TESTS_RELIABILITY_MATERIALFOLDER_H
+#define LAMCRAFT_TESTS_RELIABILITY_MATERIALFOLDER_H
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "support/TemporaryFolder.h"
+#include "support/UniDeck.h"
+
+namespace lamcraft::test {
+
+/// The files of a folder by their names.
+using Files = std::map<std::string, std::string>;
+
+/// What lies in a folder; nothing when it is not there. Folders in it are left out, and, when
+/// `withParts` is false, so are the parts of files that a killed run leaves.
+Files filesIn(const std::filesystem::path& folder, bool withParts = true);
+
+/// The names alone, each followed by a blank.
+std::string namesOf(const Files& files);
+
+/// A deck that gives all three files, for the folder "out" of `folder`. A later deck of another
+/// `fiberFraction` gives other files, and takes the place of an old material.
+UniDeck completeDeck(const std::string& fiberFraction = "0.6");
+
+/// What a run of `deck` leaves that nothing disturbs.
+Files undisturbed(const UniDeck& deck);
+
+/// Whether `files` can be trusted: each is whole, and the data belong to the deck beside them. They
+/// are `old` as it was or without its material data, or the deck of `fresh` with none, some or all
+/// of its data files.
+bool isSound(const Files& files, const Files& old, const Files& fresh);
+
+}  // namespace lamcraft::test
+
+#endif

@@ -1,0 +1,164 @@
+// A system that gives a run too little: memory, files, threads, a console, its libraries.
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "reliability/ForkedRun.h"
+#include "reliability/MaterialFolder.h"
+#include "support/Environment.h"
+#include "support/ProcessRun.h"
+#include "support/TemporaryFolder.h"
+
+namespace lamcraft::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+class Process : public testing::Test {
+ protected:
+  void SetUp() override { folder_.write("deck.qdk", completeDeck().text()); }
+  void TearDown() override { removeVariable("KXFAKE_FAULT"); }
+
+  Ending run(const std::function<void()>& prepare = [] {}) {
+    return runForked({"deck.qdk", "out"}, folder_.path().string(), prepare);
+  }
+  /// The program in a process of its own, started by a shell command that ends in $RUN.
+  ProcessResult runInShell(const std::string& command,
+                           const std::string& libraries = LAMCRAFT_FAKE_FOLDER) {
+    return test::run({"/bin/sh",
+                      {"-c", command},
+                      {{"RUN", LAMCRAFT_PROGRAM " deck.qdk out"}, {"LD_LIBRARY_PATH", libraries}},
+                      folder_.path().string()});
+  }
+
+  TemporaryFolder folder_;
+  fs::path out_ = folder_.path() / "out";
+  Files fresh_ = undisturbed(completeDeck());
+};
+
+/// The addresses that this process uses.
+std::size_t addresses() {
+  std::ifstream file("/proc/self/statm");
+  std::size_t pages = 0;
+  file >> pages;
+  return pages * static_cast<std::size_t>(getpagesize());
+}
+
+TEST_F(Process, WithTooLittleMemorySaysSoAndWritesNothing) {
+  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  constexpr std::size_t kMost = std::size_t{24} << 20;
+  constexpr std::size_t kStep = std::size_t{64} << 10;
+  std::string codes;
+  for (std::size_t more = 0; more <= kMost; more += kStep) {
+    fs::remove_all(out_);
+    const Ending ending = run([more] { limit(RLIMIT_AS, addresses() + more); });
+    ASSERT_EQ(ending.signal, 0) << more << "\n" << ending.out;
+    const Files files = filesIn(out_);
+    ASSERT_TRUE(isSound(files, {}, fresh_)) << more << ": " << namesOf(files);
+    const bool isReported = ending.out.find("FATAL ERROR: ") != std::string::npos;
+    ASSERT_TRUE(isReported || files == fresh_) << more << "\n" << ending.out;
+    const std::string code = std::to_string(ending.exitCode);
+    if (codes.empty() || code.front() != codes.back()) codes += code;
+  }
+  EXPECT_EQ(codes.back(), '0') << codes;
+  EXPECT_EQ(filesIn(out_), fresh_) << "the most is enough";
+}
+
+TEST_F(Process, WithTooFewOpenFilesSaysSoAndWritesNothing) {
+  for (unsigned long files = 3; files < 8; ++files) {
+    fs::remove_all(out_);
+    const Ending ending = run([files] { limit(RLIMIT_NOFILE, files); });
+    ASSERT_EQ(ending.signal, 0);
+    const Files left = filesIn(out_);
+    EXPECT_EQ(left, ending.exitCode == 0 && files > 3 ? fresh_ : Files{}) << files;
+    const bool isReported = ending.out.find("FATAL ERROR: ") != std::string::npos;
+    EXPECT_EQ(isReported, left.empty()) << files << "\n" << ending.out;
+  }
+}
+
+TEST_F(Process, ThatMayHaveNoThreadSaysSoAndWritesNothing) {
+  fs::create_directory(out_);
+  fs::permissions(out_, fs::perms::all);
+  const Ending ending = run([] {
+    becomeNobody();
+    limit(RLIMIT_NPROC, 0);
+  });
+  EXPECT_EQ(ending.exitCode, 3);
+  EXPECT_THAT(ending.out, HasSubstr("FATAL ERROR: An unknown error occurred in Create\nResource"));
+  EXPECT_TRUE(filesIn(out_).empty());
+}
+
+TEST_F(Process, WhoseConsoleTakesNothingWritesTheSameFiles) {
+  for (const std::string console : {">&-", ">/dev/full", "<&-", "2>&-", "<&- >&- 2>&-"}) {
+    fs::remove_all(out_);
+    const ProcessResult result = runInShell("exec $RUN " + console);
+    EXPECT_EQ(result.exitCode, 0) << console;
+    EXPECT_EQ(result.err, "") << console;
+    EXPECT_EQ(filesIn(out_), fresh_) << console;
+  }
+}
+
+TEST_F(Process, WhoseReaderGoesAwayWritesTheSameFiles) {
+  runInShell("(sleep 0.2; exec $RUN) | true");
+  EXPECT_EQ(filesIn(out_), fresh_);
+}
+
+TEST_F(Process, WithoutAnEnvironmentWritesTheSameFiles) {
+  const ProcessResult result = runInShell("exec env -i LD_LIBRARY_PATH=\"$LD_LIBRARY_PATH\" $RUN");
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(filesIn(out_), fresh_);
+}
+
+TEST_F(Process, WithABrokenLibraryDoesNotStart) {
+  fs::create_directory(folder_.path() / "libraries");
+  folder_.write("libraries/libkxdriver.so", "no library");
+  const ProcessResult result = runInShell("exec $RUN", folder_.file("libraries"));
+  EXPECT_EQ(result.exitCode, 127);
+  EXPECT_EQ(result.out, "");
+  EXPECT_THAT(result.err, HasSubstr("libkxdriver.so"));
+  EXPECT_FALSE(fs::exists(out_));
+}
+
+TEST_F(Process, WithALibraryThatLacksAFunctionDoesNotStart) {
+  const ProcessResult result = runInShell("exec $RUN", LAMCRAFT_PARTIAL_FOLDER);
+  EXPECT_EQ(result.exitCode, 127);
+  EXPECT_EQ(result.out, "");
+  EXPECT_THAT(result.err, HasSubstr("undefined symbol"));
+  EXPECT_FALSE(fs::exists(out_));
+}
+
+TEST_F(Process, WhoseLibraryThrowsSaysSoAndWritesNothing) {
+  setVariable("KXFAKE_FAULT", "throw");
+  const Ending ending = run();
+  EXPECT_EQ(ending.exitCode, 3);
+  EXPECT_THAT(ending.out,
+              EndsWith("FATAL ERROR: An unknown error occurred in Create\nthe library failed\n"));
+  EXPECT_TRUE(filesIn(out_).empty());
+}
+
+TEST_F(Process, WhoseLibraryAbortsEndsAndWritesNothing) {
+  setVariable("KXFAKE_FAULT", "abort");
+  EXPECT_EQ(run([] { limit(RLIMIT_CORE, 0); }).signal, SIGABRT);
+  EXPECT_TRUE(filesIn(out_).empty());
+}
+
+TEST_F(Process, WhoseLibraryAnswersNoNumbersWritesThatTheyAreNone) {
+  setVariable("KXFAKE_FAULT", "nan");
+  const Ending ending = run();
+  EXPECT_EQ(ending.exitCode, 0);
+  EXPECT_THAT(ending.out, HasSubstr("nan"));
+  EXPECT_THAT(filesIn(out_)["mdata.xml"], HasSubstr("<E11 value=\"                  NAN\" />"));
+}
+
+}  // namespace
+}  // namespace lamcraft::test
