@@ -13,6 +13,7 @@ namespace kx {
 namespace {
 
 constexpr double kTolerableStress = 0.02;   // of the peak
+constexpr double kLowestThreshold = 1e-6;   // of the peak; b stays above 1 by more than rounding
 constexpr double kHighestThreshold = 0.98;  // of the peak
 constexpr double kLogReach = 6.0;           // |ln(asymptote/peak - 1)|
 
@@ -154,8 +155,9 @@ SecantLaw fittedLaw(const Points& points, double slope, Measure measure) {
     }
   }
   const Knee<double> knee(best.unknowns.data());
-  const double span = knee.asymptote - knee.threshold;
-  return {slope, -1.0 / span, knee.asymptote / span, knee.threshold};
+  const double threshold = std::max(knee.threshold, kLowestThreshold);
+  const double span = knee.asymptote - threshold;
+  return {slope, -1.0 / span, knee.asymptote / span, threshold};
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace kx {
 ///
 /// Minimises the sum of squared strain deviations; where that leaves a point further than 0.02 away
 /// in stress, the stress deviations instead, if this brings the worst point closer. The threshold
-/// lies in (0, 0.98), the asymptote above 1 by a factor of exp(-6) to exp(6).
+/// lies in [1e-6, 0.98), the asymptote above 1 by a factor of exp(-6) to exp(6).
 SecantLaw fitSecantLaw(const std::vector<ShearPoint>& points, double slope);
 
 /// Largest |law - point| in stress at the points' strains.
