@@ -6,7 +6,7 @@
 namespace abqinp {
 namespace {
 
-constexpr std::size_t kPiece = 131072;
+constexpr std::size_t kPiece = 32768;
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "composite/model/DamageStateRecord.h"
 
+#include <cstddef>
+
 namespace lamcraft {
 
 void DamageStateRecord::publish() {
@@ -18,6 +20,8 @@ std::vector<DamageStateRecord> statesUpTo(const FailureCode worstTow) {
   constexpr std::int32_t kPocketCodes = matrixFailed + 1;
   constexpr std::int32_t kTowCodes = fiberFailed + 1;
   std::vector<DamageStateRecord> states;
+  const auto towCodes = static_cast<std::size_t>(worstTow) + 1;
+  states.reserve(towCodes * towCodes * kPocketCodes);  // a record is costly to move
   for (std::int32_t warp = intact; warp <= worstTow; ++warp) {
     for (std::int32_t fill = intact; fill <= worstTow; ++fill) {
       for (std::int32_t pocket = intact; pocket < kPocketCodes; ++pocket) {
