@@ -15,16 +15,19 @@ namespace lamcraft::fuzz {
 
 /// The arguments of calls, drawn from the bytes of an input.
 ///
-/// A call starts with a byte that names the function; its highest bit says that every number comes
-/// from the input. Otherwise the numbers are the usual ones but for those that the input replaces:
-/// a byte tells how many stay as they are (kEndOfCall: all that are left), then come the bytes of
-/// the next one. Behind its end the input replaces nothing.
+/// The first byte is 0 in an input without fits. Then come the calls, of which each starts with a
+/// byte that names the function; its highest bit says that every number comes from the input.
+/// Otherwise the numbers are the usual ones but for those that the input replaces: a byte tells how
+/// many stay as they are (kEndOfCall: all that are left), then come the bytes of the next one.
+/// Behind its end the input replaces nothing.
 class CallInput {
  public:
   CallInput(const std::uint8_t* data, const std::size_t size) : at_(data), end_(data + size) {}
 
   [[nodiscard]] bool hasMore() const noexcept { return at_ != end_; }
 
+  /// Whether there may be fits among the calls; asked before the first of them.
+  bool hasFits() { return byte() != 0; }
   /// Starts a call; answers which of `count` functions it is.
   unsigned function(const unsigned count) {
     const auto code = byte();

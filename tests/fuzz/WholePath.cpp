@@ -3,11 +3,11 @@
 // are whole.
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <streambuf>
 #include <string>
@@ -15,14 +15,13 @@
 #include <tinyxml.h>
 
 #include "driver/Phases.h"
+#include "fuzz/Files.h"
 #include "fuzz/Target.h"
 #include "material/Material.h"
 #include "support/TemporaryFolder.h"
 
 namespace lamcraft::fuzz {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Takes all that is printed, and forgets it.
 template <typename Char>
@@ -46,7 +45,11 @@ void silenceConsole() {
 /// Any of the stand-in's answers to a shear curve; the same for the same input.
 void choosePrefailAnswer(const std::size_t size) {
   static const char* const kAnswers[] = {"0", "1", "2"};
-  setenv("KXFAKE_PREFAIL", kAnswers[size % std::size(kAnswers)], 1);
+  static std::size_t last = std::size(kAnswers);
+  if (const std::size_t next = size % std::size(kAnswers); next != last) {
+    setenv("KXFAKE_PREFAIL", kAnswers[next], 1);
+    last = next;
+  }
 }
 
 /// Whether the deck's bytes may stand in a data file as they are. Data files are declared as UTF-8,
@@ -56,8 +59,7 @@ bool isAscii(const std::string& text) {
       text.begin(), text.end(), [](const char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-void requireWhole(const fs::path& path, const bool isXml) {
-  const std::string content = test::contentOf(path);
+void requireWhole(const std::string& content, const bool isXml) {
   require(content.size() > 2 && content.compare(content.size() - 2, 2, ">\n") == 0,
           "a data file ends with a tag and a line feed");
   if (isXml) {
@@ -78,19 +80,20 @@ bool runDeck(const std::string& deck, const std::string& results) {
 void run(const std::string& text) {
   static const test::TemporaryFolder folder;
   static const std::string deck = folder.file("deck.qdk");
-  static const fs::path results = folder.path() / "results";
+  static const std::string results = folder.file("results");
+  static const std::array<std::string, 2> dataFiles{results + "/mdata.xml", results + "/fdata.xml"};
+  static const std::string deckCopy = results + "/input.qdk";
   choosePrefailAnswer(text.size());
-  std::ofstream(deck, std::ios::binary) << text;
-  const bool succeeded = runDeck(deck, results.string());
-  for (const char* const name : {"mdata.xml", "fdata.xml"}) {
-    const fs::path path = results / name;
-    if (fs::exists(path)) {
+  File(deck, "wb").write(text);
+  const bool succeeded = runDeck(deck, results);
+  for (const std::string& path : dataFiles) {
+    if (File file(path, "rb"); file.isOpen()) {
       require(succeeded, "a run that fails writes no data file");
-      requireWhole(path, isAscii(text));
-      fs::remove(path);
+      requireWhole(file.content(), isAscii(text));
+      std::remove(path.c_str());
     }
   }
-  fs::remove(results / "input.qdk");
+  std::remove(deckCopy.c_str());
 }
 
 }  // namespace
