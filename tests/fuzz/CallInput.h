@@ -2,7 +2,6 @@
 #define LAMCRAFT_TESTS_FUZZ_CALLINPUT_H
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -105,9 +104,10 @@ class Guarded {
   static constexpr unsigned char kPattern = 0xA5;
 
   static bool isPattern(const Number* words) {
-    std::array<unsigned char, kGuard * sizeof(Number)> expected{};
-    expected.fill(kPattern);
-    return std::memcmp(words, expected.data(), expected.size()) == 0;
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(words);
+    return std::all_of(bytes, bytes + kGuard * sizeof(Number), [](const unsigned char byte) {
+      return byte == kPattern;
+    });
   }
 
   std::vector<Number> all_;
