@@ -34,13 +34,24 @@ class Silence : public std::basic_streambuf<Char> {
   // NOLINTEND(readability-identifier-naming)
 };
 
-/// The console is silent from the first input on.
-void silenceConsole() {
-  static Silence<char> narrow;
-  static Silence<wchar_t> wide;
-  std::cout.rdbuf(&narrow);
-  std::wcout.rdbuf(&wide);
-}
+/// Silences the console as long as it lives. The streams flush once more when the process ends, so
+/// they get their own buffers back.
+class SilentConsole {
+ public:
+  SilentConsole() : ownNarrow_(std::cout.rdbuf(&narrow_)), ownWide_(std::wcout.rdbuf(&wide_)) {}
+  SilentConsole(const SilentConsole&) = delete;
+  SilentConsole& operator=(const SilentConsole&) = delete;
+  ~SilentConsole() {
+    std::cout.rdbuf(ownNarrow_);
+    std::wcout.rdbuf(ownWide_);
+  }
+
+ private:
+  Silence<char> narrow_;
+  Silence<wchar_t> wide_;
+  std::streambuf* ownNarrow_;
+  std::wstreambuf* ownWide_;
+};
 
 /// Any of the stand-in's answers to a shear curve; the same for the same input.
 void choosePrefailAnswer(const std::size_t size) {
@@ -100,7 +111,7 @@ void run(const std::string& text) {
 }  // namespace lamcraft::fuzz
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* const data, const std::size_t size) {
-  lamcraft::fuzz::silenceConsole();
+  static const lamcraft::fuzz::SilentConsole silence;  // from the first input on
   lamcraft::fuzz::run(std::string(data, data + size));
   return 0;
 }
