@@ -1,8 +1,11 @@
 #ifndef KX_DRIVER_ARGUMENTS_H
 #define KX_DRIVER_ARGUMENTS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <limits>
 #include <vector>
 
 #include "fatigue/BondBreaking.h"
@@ -20,14 +23,29 @@ bool areGiven(const Pointers*... pointers) noexcept {
   return (... && (pointers != nullptr));
 }
 
-/// Runs a function of the contract; nothing is thrown across it. What the function has written
-/// before an exception (out of memory, in practice) stands.
+/// Doubles that a function of the contract writes; none when `values` is null.
+struct Output {
+  double* values;
+  std::size_t count;
+};
+using Outputs = std::initializer_list<Output>;
+
+inline void fillWith(const double value, const Outputs outputs) noexcept {
+  for (const Output& output : outputs) {
+    if (output.values != nullptr) {
+      std::fill_n(output.values, output.count, value);
+    }
+  }
+}
+
+/// Runs a function of the contract; nothing is thrown across it. An exception (out of memory, in
+/// practice) leaves no numbers in its outputs: what was not solved must not look as if it were.
 template <typename Function>
-void guarded(Function&& function) noexcept {
+void guarded(const Outputs outputs, Function&& function) noexcept {
   try {
     function();
   } catch (...) {
-    return;
+    fillWith(std::numeric_limits<double>::quiet_NaN(), outputs);
   }
 }
 

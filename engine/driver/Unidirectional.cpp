@@ -54,7 +54,13 @@ void UNI_OPTIMIZATION(const double* fiberVolumeFraction,
   if (!kx::areGiven(fiberVolumeFraction, lamina, fiber, matrix, errors, iterations)) {
     return;
   }
-  kx::guarded([&] {
+  const kx::Outputs outputs{{lamina, kx::kPropertyCount},
+                            {fiber, kx::kPropertyCount},
+                            {matrix, kx::kPropertyCount},
+                            {fatigueLongitudinal, 6},
+                            {fatigueTransverse, 6},
+                            {errors, 4}};
+  kx::guarded(outputs, [&] {
     kx::writeSummary({}, errors, iterations);
     kx::writeSummary({}, errors + 2, iterations + 1);
     const kx::UnidirectionalMaterials given{
@@ -98,7 +104,7 @@ void PREFAIL(const double* fiberVolumeFraction,
       !kx::areGiven(failed, code)) {
     return;
   }
-  kx::guarded([&] {
+  kx::guarded({{m, 1}, {b, 1}, {thr, 1}, {c2mdeg, 3}}, [&] {
     *failed = 1;
     const auto reduction =
         kx::reduceShearCurve(kx::shearPointsFrom(stress, strain, pointCount), *shearStrength);

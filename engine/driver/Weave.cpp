@@ -83,7 +83,11 @@ void WEAVE_OPTIMIZATION(const int32_t* harness,
   if (!kx::areGiven(harness, towFractions, fiberFractionInTow, lamina, fiber, matrix)) {
     return;
   }
-  kx::guarded([&] {
+  const kx::Outputs outputs{{lamina, kx::kPropertyCount},
+                            {fiber, kx::kPropertyCount},
+                            {matrix, kx::kPropertyCount},
+                            {errors, 4}};
+  kx::guarded(outputs, [&] {
     const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
     const kx::WeaveMaterials given{
         kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
@@ -127,7 +131,7 @@ void WEAVE_PREFAIL(const int32_t* harness,
       !kx::areGiven(m, b, thr, c2mdeg)) {
     return;
   }
-  kx::guarded([&] {
+  kx::guarded({{m, 1}, {b, 1}, {thr, 1}, {c2mdeg, 3}}, [&] {
     const auto reduction =
         kx::reduceShearCurve(kx::shearPointsFrom(stress, strain, pointCount), *shearStrength);
     kx::copyTo(reduction, m, b, thr, failed, code);
@@ -178,14 +182,20 @@ void WEAVE_DAMAGE_STATE(int32_t* pocketCode,
       !kx::areGiven(unitCellBlock, fillBlock, warpBlock)) {
     return;
   }
-  kx::guarded([&] {
-    for (double* const set :
-         {composite, matrixPocket, fill, warp, fillFiber, fillMatrix, warpFiber, warpMatrix}) {
-      std::fill_n(set, kx::kPropertyCount, 0.0);
-    }
-    std::fill_n(unitCellBlock, 4 * kSlot, 0.0);
-    std::fill_n(fillBlock, 2 * kSlot, 0.0);
-    std::fill_n(warpBlock, 2 * kSlot, 0.0);
+  constexpr std::size_t kSet = kx::kPropertyCount;
+  const kx::Outputs outputs{{composite, kSet},
+                            {matrixPocket, kSet},
+                            {fill, kSet},
+                            {warp, kSet},
+                            {fillFiber, kSet},
+                            {fillMatrix, kSet},
+                            {warpFiber, kSet},
+                            {warpMatrix, kSet},
+                            {unitCellBlock, 4 * kSlot},
+                            {fillBlock, 2 * kSlot},
+                            {warpBlock, 2 * kSlot}};
+  kx::guarded(outputs, [&] {
+    kx::fillWith(0.0, outputs);
     const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
     const auto materials = constituentsFrom(fiber, matrix);
     if (!makeAPly(weave, materials)) {

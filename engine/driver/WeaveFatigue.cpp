@@ -60,7 +60,7 @@ void FAT_DCMP_PROPS(const double* /*composite*/,
       stateNumber(record) != kIntactState) {
     return;
   }
-  kx::guarded([&] {
+  kx::guarded({}, [&] {
     kx::EngineState::instance().noteIntactWeave({stressConcentration(unitCellBlock, fillSlot),
                                                  stressConcentration(unitCellBlock, warpSlot),
                                                  stressConcentration(fillBlock, matrixSlot),
@@ -84,7 +84,7 @@ void FATIGUE_PW_OPTI(double* row1,
       iterations == nullptr) {
     return;
   }
-  kx::guarded([&] {
+  kx::guarded({{row1, 6}, {row2, 6}, {row3, 6}, {row4, 6}, {errors + 4, 2}}, [&] {
     errors[4] = kx::kNoFitError;
     errors[5] = kx::kNoFitError;
     *iterations = 0;

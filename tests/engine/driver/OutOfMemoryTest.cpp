@@ -1,0 +1,95 @@
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "driver/Contract.h"
+#include "micromech/kxdriver.h"
+
+namespace kx::test {
+namespace {
+
+bool isNoNumber(const double value) {
+  return std::isnan(value);
+}
+
+/// The fit of a plain weave whose lamina is one of its own start values.
+struct WeaveCall {
+  std::int32_t harness = 1;
+  std::array<double, 2> towFractions{0.45, 0.45};
+  double fiberFraction = 0.6;
+  Twelve fiber = twelve({225e9, 15e9, 0.2, 0.25, 15e9, -0.5e-6, 15e-6});
+  Twelve matrix = twelve(isotropic(4.2e9, 0.34, 45e-6));
+  Twelve lamina{60e9, 60e9, 10e9, 0.05, 0.3, 0.3, 5e9, 4e9, 4e9, 2e-6, 2e-6, 4e-5};
+  std::array<double, 6> errors{};
+  std::array<std::int32_t, 3> iterations{};
+
+  void run() {
+    const std::int32_t none = 0;
+    WEAVE_OPTIMIZATION(&harness,
+                       towFractions.data(),
+                       &fiberFraction,
+                       lamina.data(),
+                       fiber.data(),
+                       matrix.data(),
+                       errors.data(),
+                       iterations.data(),
+                       "",
+                       "",
+                       "",
+                       &none,
+                       &none);
+  }
+};
+
+enum Outcome : int { solved, withoutNumbers, unclear };
+
+Outcome outcomeOf(const WeaveCall& call) {
+  const auto all = [](const Twelve& set) {
+    return std::all_of(set.begin(), set.end(), isNoNumber);
+  };
+  if (all(call.lamina) && all(call.fiber) && all(call.matrix) && isNoNumber(call.errors[0])) {
+    return withoutNumbers;
+  }
+  return call.iterations[0] > 0 ? solved : unclear;
+}
+
+/// The outcome in a process that may take no more than `more` bytes on top of what it has.
+int outcomeWith(const std::size_t more) {
+  const pid_t id = fork();
+  if (id == 0) {
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const rlim_t most = pages * static_cast<std::size_t>(getpagesize()) + more;
+    const rlimit limit{most, most};
+    setrlimit(RLIMIT_AS, &limit);
+    WeaveCall call;
+    call.run();
+    _exit(outcomeOf(call));
+  }
+  int status = 0;
+  waitpid(id, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(OutOfMemory, LeavesNoNumbersThatLookLikeAResult) {
+  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+  EXPECT_EQ(outcomeWith(0), withoutNumbers);
+  for (const std::size_t more : {1, 4, 8, 12, 16, 20}) {  // enough or not, as the threads need it
+    const int outcome = outcomeWith(more * kMegabyte);
+    EXPECT_TRUE(outcome == withoutNumbers || outcome == solved) << more << " MB: " << outcome;
+  }
+  EXPECT_EQ(outcomeWith(1000 * kMegabyte), solved);
+}
+
+}  // namespace
+}  // namespace kx::test
