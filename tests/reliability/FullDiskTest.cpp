@@ -84,7 +84,7 @@ class FullDisk : public testing::Test {
 };
 
 TEST_F(FullDisk, LeavesNoPieceOfAFileAtAnyByte) {
-  expectWholeFiles({}, 1);
+  expectWholeFiles({}, LAMCRAFT_IS_SANITIZED ? 29 : 1);  // a run then takes ten times as long
 }
 
 TEST_F(FullDisk, LeavesTheOldMaterialOrNoneBesideTheNewDeck) {
