@@ -42,7 +42,7 @@ struct DirectionFit {
 /// scatter of the tests, and three priors, which are all there is without tests:
 /// e = 0 +- 0.05, x = 18 +- 8, k = 0.7 +- 0.5 (fixed below three tests). The scatter is that of a
 /// straight line through the tests (ln time against stress), pooled with one test's worth of a
-/// factor e. If the priors still keep the tests further from the model than 1.1 times that line,
+/// factor e. If the priors still keep the tests further from the model than 1.03 times that line,
 /// they are relaxed step by step: the tests come first.
 /// What such tests cannot tell stays tied: Psi = 1, healing constants equal to the breaking ones
 /// (then healing is negligible at every stress).

@@ -87,6 +87,37 @@ TEST(DirectionFit, HealingIsTiedAndNegligible) {
   EXPECT_EQ(fit.constants.healingActivation, fit.constants.breakingActivation);
 }
 
+/// The pull of the tests on the deviation e from the strength, per e: 1/(standard deviation of its
+/// prior)^2 where the sum of squares is least. For two tests, whose residuals are logarithms of
+/// lives as they are, d(ln life)/de = x.
+double priorWeight(const kx::DirectionFit& fit, const kx::DirectionData& data, double strength) {
+  const double thermal = kx::kGasConstant * kTemperature;
+  const double matrixStrength = strength * data.concentration;
+  const double x = fit.constants.breakingActivation * matrixStrength / thermal;
+  const double e = kx::rampStrength(fit.constants, kTemperature) / matrixStrength - 1.0;
+  double pull = 0.0;
+  for (const auto& test : data.tests) {
+    const double life = kx::lnTimeToFailure(
+        fit.constants, {test.peak * data.concentration, test.ratio, kTemperature});
+    pull += x * (life - std::log(test.cycles / test.frequency));
+  }
+  return -pull / e;
+}
+
+TEST(DirectionFit, StrengthIsTrustedToFivePercentAndTheLargestPeakToFifty) {
+  auto data = exactData(constantsOf(120e3, 4.5e-4, 0.7), {0.1});
+  data.tests.resize(2);
+  data.strength *= 1.2;
+  // quotients of small differences, which the solver leaves with a relative error of 1e-4 at most
+  EXPECT_NEAR(priorWeight(kx::fitDirection(data, kTemperature), data, data.strength) * 0.05 * 0.05,
+              1.0,
+              1e-3);
+  const double largest = data.tests.front().peak;
+  data.strength = 0.0;
+  EXPECT_NEAR(
+      priorWeight(kx::fitDirection(data, kTemperature), data, largest) * 0.5 * 0.5, 1.0, 1e-3);
+}
+
 TEST(DirectionFit, AmplitudeFactorIsNeverNegative) {
   auto data = exactData(constantsOf(127e3, 4.5e-4, 0.0), {0.1});
   data.strength *= 0.75;  // tests that outlive what the strength allows ask for k < 0

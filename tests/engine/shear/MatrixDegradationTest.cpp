@@ -51,6 +51,37 @@ TEST(MatrixDegradation, IntactCompositeMeansIntactMatrix) {
   EXPECT_LT(valueAt(c, 0.5), 0.5);
 }
 
+/// The quadratic through the exact curve, sampled from `lowest` to 1.
+kx::MatrixDegradation quadraticDownTo(double lowest) {
+  constexpr double kFiber = 27e9;
+  constexpr double kMatrix = 1.5e9;
+  constexpr double kVolume = 0.6;
+  const auto matrix = kx::isotropic(2.0 * 1.35 * kMatrix, 0.35, 6e-5);
+  auto fiber = kx::isotropic(72e9, 0.22, 5e-6);
+  fiber.g12 = kFiber;
+  const double intact = kx::homogenise(fiber, matrix, kVolume).effective.g12;
+  std::vector<kx::DegradationPair> pairs;
+  for (int i = 0; i <= 40; ++i) {
+    const double d = lowest + (1.0 - lowest) * i / 40.0;
+    pairs.push_back({d, kx::matrixShearModulusFor(kVolume, kFiber, d * intact) / kMatrix});
+  }
+  return kx::fitMatrixDegradation(pairs);
+}
+
+TEST(MatrixDegradation, IsFittedDownToTheLowestDegradationButNotBelowATwentieth) {
+  const struct {
+    double lowest, sampledFrom;
+  } kCases[] = {{0.5, 0.5}, {0.2, 0.2}, {0.07, 0.07}, {0.05, 0.05}, {0.02, 0.05}, {0.0, 0.05}};
+  for (const auto& given : kCases) {
+    const auto c = kx::unidirectionalMatrixDegradation(0.6, 27e9, 1.5e9, given.lowest);
+    const auto expected = quadraticDownTo(given.sampledFrom);
+    for (std::size_t i = 0; i < c.size(); ++i) {
+      // the same 41 pairs up to rounding, through a well-conditioned fit
+      EXPECT_NEAR(c[i], expected[i], 1e-12) << given.lowest << " c" << i;
+    }
+  }
+}
+
 TEST(MatrixDegradation, FitsAnyPairsByLeastSquares) {
   std::vector<kx::DegradationPair> pairs;
   for (const double d : {1.0, 0.8, 0.6, 0.45, 0.3, 0.2, 0.12}) {

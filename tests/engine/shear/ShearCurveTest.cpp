@@ -122,6 +122,94 @@ TEST(ShearCurve, LawIsContinuousAtTheThreshold) {
   }
 }
 
+TEST(ShearCurve, FirstTwoPointsGiveTheInitialModulusWhenNoneIsLow) {
+  // all above a quarter of the strength; secant moduli of 5, 4.8, 4 and 2 GPa
+  const std::vector<kx::ShearPoint> points{
+      {30e6, 0.006}, {48e6, 0.010}, {60e6, 0.015}, {80e6, 0.040}};
+  const auto reduction = kx::reduceShearCurve(points, 80e6);
+  ASSERT_EQ(reduction.verdict, kx::CurveVerdict::reduced);
+  const double work = 30e6 * 0.006 + 48e6 * 0.010;
+  const double square = 0.006 * 0.006 + 0.010 * 0.010;
+  EXPECT_NEAR(reduction.law.initialModulus / (work / square), 1.0, 1e-14);
+}
+
+/// Which deviations a fit has minimised.
+enum class Deviation { strain, stress };
+
+double sumOfSquares(const kx::SecantLaw& law,
+                    const std::vector<kx::ShearPoint>& points,
+                    Deviation deviation) {
+  double sum = 0.0;
+  for (const auto& point : points) {
+    const double off = deviation == Deviation::strain ? law.strainAt(point.stress) - point.strain
+                                                      : law.stressAt(point.strain) - point.stress;
+    sum += off * off;
+  }
+  return sum;
+}
+
+/// A law with another threshold and asymptote, continuous again.
+kx::SecantLaw shifted(const kx::SecantLaw& law, double threshold, double asymptote) {
+  const double top = -law.b / law.m * asymptote;
+  const double knee = law.threshold * threshold;
+  return {law.initialModulus, -1.0 / (top - knee), top / (top - knee), knee};
+}
+
+bool isLeast(const kx::SecantLaw& law,
+             const std::vector<kx::ShearPoint>& points,
+             Deviation deviation) {
+  const double least = sumOfSquares(law, points, deviation);
+  for (const double threshold : {0.99, 1.0, 1.01}) {
+    for (const double asymptote : {0.999, 1.0, 1.001}) {
+      if (sumOfSquares(shifted(law, threshold, asymptote), points, deviation) <
+          (1.0 - 1e-9) * least) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+/// strain = stress/G + c stress^3, hahn1973, with a scatter of 1 %.
+std::vector<kx::ShearPoint> scatteredCubic() {
+  std::vector<kx::ShearPoint> points;
+  for (int i = 1; i <= 20; ++i) {
+    const double stress = 4e6 * i;
+    const double strain = stress / 5e9 + 5e-26 * stress * stress * stress;
+    points.push_back({stress, strain * (i % 2 == 0 ? 1.01 : 0.99)});
+  }
+  return points;
+}
+
+/// Straight up to 60 MPa, then a plateau that creeps up to 80 MPa.
+std::vector<kx::ShearPoint> kneeAndPlateau() {
+  std::vector<kx::ShearPoint> points;
+  for (int i = 1; i <= 10; ++i) {
+    points.push_back({6e6 * i, 0.0012 * i});
+  }
+  for (int i = 1; i <= 20; ++i) {
+    points.push_back({60e6 + 1e6 * i, 0.012 + 0.002 * i});
+  }
+  return points;
+}
+
+TEST(ShearCurve, SmoothCurveIsFittedInStrain) {
+  const auto points = scatteredCubic();
+  const auto reduction = kx::reduceShearCurve(points, 80e6);
+  ASSERT_EQ(reduction.verdict, kx::CurveVerdict::reduced);
+  EXPECT_LE(reduction.stressDeviation, 0.02 * 80e6);
+  EXPECT_TRUE(isLeast(reduction.law, points, Deviation::strain));
+  EXPECT_FALSE(isLeast(reduction.law, points, Deviation::stress));
+}
+
+TEST(ShearCurve, SharpKneeWithAPlateauIsFittedInStress) {
+  const auto points = kneeAndPlateau();
+  const auto reduction = kx::reduceShearCurve(points, 80e6);
+  ASSERT_EQ(reduction.verdict, kx::CurveVerdict::reduced);
+  EXPECT_TRUE(isLeast(reduction.law, points, Deviation::stress));
+  EXPECT_FALSE(isLeast(reduction.law, points, Deviation::strain));
+}
+
 TEST(ShearCurve, OrderSignAndDuplicatesDoNotMatter) {
   auto curve = measuredCurves().front();
   const auto expected = kx::reduceShearCurve(curve.points, curve.strength).law;
