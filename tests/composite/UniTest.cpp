@@ -27,6 +27,10 @@ TEST(Uni, ReadsItsLaminaAsTransverselyIsotropic) {
   EXPECT_EQ(Uni("", "").laminaSymmetry(), Symmetry::transverse23);
 }
 
+TEST(Uni, HasNoHarness) {
+  EXPECT_EQ(Uni("", "").harness(), 0);
+}
+
 TEST(Uni, IsValidWithoutEnvironments) {
   std::ostringstream messages;
   EXPECT_TRUE(Uni("", "").validate(messages));

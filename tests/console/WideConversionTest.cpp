@@ -94,5 +94,36 @@ TEST(WideConversion, TextLongerThanTheStreamsBufferArrivesWhole) {
   EXPECT_EQ(written(ascii(), text), utf8);
 }
 
+TEST(WideConversion, ReadsWhatItWrites) {
+  const test::TemporaryFolder folder;
+  folder.write("text", written(ascii(), kFibre));
+  std::wifstream stream;
+  stream.imbue(withSteadyConversion(ascii()));
+  stream.open(folder.file("text"), std::ios::binary);
+  std::wstring text;
+  std::getline(stream, text);
+  EXPECT_EQ(text, kFibre);
+}
+
+TEST(WideConversion, CountsAsTheConversionOfTheLocaleDoes) {
+  const std::locale latin(std::locale::classic(), new Latin);
+  using Conversion = std::codecvt<wchar_t, char, std::mbstate_t>;
+  const auto& theirs = std::use_facet<Conversion>(latin);
+  const std::locale steady = withSteadyConversion(latin);
+  const auto& ours = std::use_facet<Conversion>(steady);
+  EXPECT_EQ(ours.encoding(), theirs.encoding());
+  EXPECT_EQ(ours.max_length(), theirs.max_length());
+  EXPECT_EQ(ours.always_noconv(), theirs.always_noconv());
+  const std::string text = "abc";
+  std::mbstate_t ourState{};
+  std::mbstate_t theirState{};
+  EXPECT_EQ(ours.length(ourState, text.data(), text.data() + text.size(), 2),
+            theirs.length(theirState, text.data(), text.data() + text.size(), 2));
+  char byte = 0;
+  char* end = nullptr;
+  EXPECT_EQ(ours.unshift(ourState, &byte, &byte + 1, end),
+            theirs.unshift(theirState, &byte, &byte + 1, end));
+}
+
 }  // namespace
 }  // namespace lamcraft::console

@@ -75,5 +75,29 @@ TEST(XmlPrinting, PrintsMoreThanItBuffers) {
   EXPECT_TRUE(printsAlike(document));
 }
 
+/// Notes how much text waits to go into the file when its turn comes.
+class Witness : public TiXmlDeclaration {
+ public:
+  explicit Witness(std::size_t& waiting) : waiting_(waiting) {}
+  using TiXmlDeclaration::Print;
+  void Print(std::FILE*, int, std::string* const text) const override { waiting_ = text->size(); }
+
+ private:
+  std::size_t& waiting_;
+};
+
+TEST(XmlPrinting, HoldsAPartOfTheTextOnly) {
+  TiXmlDocument document;
+  TiXmlElement& root = appendElement(document, "root");
+  for (int i = 0; i < 100'000; ++i) {
+    appendNumber(root, "number", i);
+  }
+  std::size_t waiting = 0;
+  document.LinkEndChild(new Witness(waiting));
+  const std::string text = printedBy([&](std::FILE* const file) { print(document, file); });
+  EXPECT_GT(waiting, 0U);
+  EXPECT_LT(waiting, text.size() / 10);
+}
+
 }  // namespace
 }  // namespace lamcraft::xml

@@ -28,11 +28,6 @@ UnitCell WeaveDescription::unitCell() const {
           resolution.perTow > 0 ? resolution : defaultResolution(tows)};
 }
 
-bool WeaveConstituents::areAdmissible() const {
-  return isAdmissible(pocket) && isAdmissible(fillFiber) && isAdmissible(fillMatrix) &&
-         isAdmissible(warpFiber) && isAdmissible(warpMatrix);
-}
-
 std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents& constituents,
                                                         const double fiberFraction) {
   return {constituents.pocket,

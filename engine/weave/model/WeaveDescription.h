@@ -37,8 +37,6 @@ struct WeaveConstituents {
                                    const TransverselyIsotropic& matrix) {
     return {matrix, fiber, matrix, fiber, matrix};
   }
-
-  [[nodiscard]] bool areAdmissible() const;
 };
 
 /// Constants of the phases of a unit cell: pocket, fill tow, warp tow.

@@ -43,9 +43,21 @@ TEST(EnvironmentRecord, StartsEmptyWithZeros) {
   for (const VariableProperty& strength : environment.strengths) {
     EXPECT_EQ(strength.value(), 0.0);
   }
-  EXPECT_EQ(environment.errors.finalFatigue, 0.0);
+  const SolveErrors& errors = environment.errors;
+  EXPECT_EQ(errors.initialMechanical, 0.0);
+  EXPECT_EQ(errors.finalMechanical, 0.0);
+  EXPECT_EQ(errors.initialThermal, 0.0);
+  EXPECT_EQ(errors.finalThermal, 0.0);
+  EXPECT_EQ(errors.initialFatigue, 0.0);
+  EXPECT_EQ(errors.finalFatigue, 0.0);
+  EXPECT_EQ(environment.iterations.mechanical, 0);
+  EXPECT_EQ(environment.iterations.thermal, 0);
   EXPECT_EQ(environment.iterations.fatigue, 0);
-  EXPECT_EQ(environment.prefail.m, 0.0);
+  const PrefailConstants& prefail = environment.prefail;
+  EXPECT_EQ(prefail.m, 0.0);
+  EXPECT_EQ(prefail.b, 0.0);
+  EXPECT_EQ(prefail.thr, 0.0);
+  EXPECT_EQ(prefail.c2mdeg, (std::array<double, 3>{}));
   EXPECT_TRUE(environment.laminates.empty());
   EXPECT_TRUE(environment.snRecords.empty());
   EXPECT_TRUE(environment.resultRows.empty());

@@ -28,6 +28,28 @@ TEST(UniOptimization, MeetsALaminaThatIsOne) {
   EXPECT_GT(call.iterations[1], 0);
 }
 
+TEST(UniOptimization, FitsTheLaminaWithoutRowsForFatigue) {
+  UnidirectionalCall usual;
+  usual.run();
+  UnidirectionalCall call;
+  const std::int32_t none = 0;
+  UNI_OPTIMIZATION(&call.fiberFraction,
+                   call.lamina.data(),
+                   call.fiber.data(),
+                   call.matrix.data(),
+                   &call.temperature,
+                   &none,
+                   nullptr,
+                   nullptr,
+                   nullptr,
+                   call.strengths.data(),
+                   call.errors.data(),
+                   call.iterations.data());
+  EXPECT_EQ(call.fiber, usual.fiber);
+  EXPECT_EQ(call.matrix, usual.matrix);
+  EXPECT_EQ(call.errors, usual.errors);
+}
+
 TEST(UniOptimization, LeavesTheFatigueErrorsAndCountAlone) {
   UnidirectionalCall call;
   call.run();

@@ -95,6 +95,29 @@ TEST(Continuation, SettlesForTheFirstGoodCompromise) {
   EXPECT_LT(fit.error, 1.05 * 0.5);
 }
 
+/// A misfit that falls by `slope` per unit of z0.
+struct Slope {
+  static constexpr int kParameters = 3;
+  static constexpr int kResiduals = 1;
+  double slope = 0.0;
+
+  template <class Scalar>
+  bool operator()(const Scalar* z, Scalar* r) const {
+    r[0] = 9.0 - slope * z[0];
+    return true;
+  }
+};
+
+TEST(Continuation, AMoveIsWorthATenthOfWhatItAddsToTheDistance) {
+  const Vector3 from(2.0, 0.0, 0.0);
+  const Vector3 to(3.0, 0.0, 0.0);
+  EXPECT_TRUE(isWorthTheMove(Slope{0.11}, from, to));
+  EXPECT_FALSE(isWorthTheMove(Slope{0.09}, from, to));
+  EXPECT_FALSE(isWorthTheMove(Slope{-0.11}, from, to));
+  EXPECT_FALSE(isWorthTheMove(Slope{0.0}, from, from));
+  EXPECT_TRUE(isWorthTheMove(Slope{-0.01}, to, from));  // back towards the start costs nothing
+}
+
 TEST(Continuation, EndsWhereItStartedWhenEveryStageRaisesTheError) {
   const Eigen::Matrix<double, 1, 1> far(10.0);
   const auto fit = minimumNormFit(WeighedOtherwise{0.25}, -far, far, {});
