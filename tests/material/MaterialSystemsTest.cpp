@@ -1,5 +1,8 @@
 #include "material/MaterialSystems.h"
 
+#include <cstdint>
+#include <string>
+
 #include <gtest/gtest.h>
 
 namespace lamcraft {
@@ -7,11 +10,15 @@ namespace {
 
 TEST(MaterialSystems, NumbersStartAtOneInTheLibrarysOrder) {
   EXPECT_EQ(materialSystemCode("CFRP"), 1);
+  EXPECT_EQ(materialSystemCode("GFRP"), 2);
   EXPECT_EQ(materialSystemCode("KFRP"), 3);
-  EXPECT_EQ(materialSystemCode("CFL-TSP"), 4);
-  EXPECT_EQ(materialSystemCode("CFH-BMI"), 12);
-  EXPECT_EQ(materialSystemCode("GF-TSP"), 13);
-  EXPECT_EQ(materialSystemCode("KF-BMI"), 18);
+  std::int32_t number = 3;
+  for (const std::string fiber : {"CFL", "CFI", "CFH", "GF", "KF"}) {
+    for (const std::string matrix : {"TSP", "TPP", "BMI"}) {
+      EXPECT_EQ(materialSystemCode(fiber + "-" + matrix), ++number) << fiber << " " << matrix;
+    }
+  }
+  EXPECT_EQ(number, 18);
 }
 
 TEST(MaterialSystems, OtherNamesHaveNoNumber) {
