@@ -80,6 +80,12 @@ bool isLinear(const Points& points, double slope) noexcept {
          });
 }
 
+/// Stresses near the ends of the numbers' range have laws beyond them.
+bool isFinite(const SecantLaw& law) noexcept {
+  return std::isfinite(law.initialModulus) && std::isfinite(law.m) && std::isfinite(law.b) &&
+         std::isfinite(law.threshold);
+}
+
 }  // namespace
 
 ShearReduction reduceShearCurve(const std::vector<ShearPoint>& measured, double strength) {
@@ -105,9 +111,13 @@ ShearReduction reduceShearCurve(const std::vector<ShearPoint>& measured, double 
     return result;
   }
   const auto law = fitSecantLaw(points, slope);
-  result.verdict = CurveVerdict::reduced;
-  result.law = {
+  const SecantLaw inUnits{
       law.initialModulus / largestStrain * peak, law.m / peak, law.b, law.threshold * peak};
+  if (!isFinite(inUnits)) {
+    return result;
+  }
+  result.verdict = CurveVerdict::reduced;
+  result.law = inUnits;
   result.lowestDegradation = law.degradation(points.back().stress);
   result.stressDeviation = largestStressDeviation(law, points) * peak;
   return result;

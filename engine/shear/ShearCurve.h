@@ -25,7 +25,8 @@ struct ShearReduction {
 /// everything after the first point (by strain) that reaches the strength, or after the peak of a
 /// curve that does not. A strength that is not a positive number is replaced by the peak.
 /// - `belowStrength`: no usable point, or the peak is below 0.98 of the strength;
-/// - `linear`: fewer than three points, or the secant modulus never falls below 0.98 of G0.
+/// - `linear`: fewer than three points, or the secant modulus never falls below 0.98 of G0,
+///   or stresses so near the ends of the range of numbers that the law lies beyond it.
 ///
 /// G0 is the slope through the origin of the points up to a quarter of the strength (at least the
 /// first two). Threshold and asymptote minimise the sum of squared strain deviations; where that

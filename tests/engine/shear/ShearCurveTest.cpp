@@ -295,6 +295,18 @@ TEST(ShearCurve, AbsurdCurvesGiveFiniteLawsOrNone) {
   }
 }
 
+TEST(ShearCurve, LawsBeyondTheRangeOfNumbersAreNone) {
+  const kx::SecantLaw law{5e9, -8e-9, 1.16, 20e6};
+  auto points = exactCurve(law, 80e6, 10);
+  for (auto& point : points) {
+    point.stress *= 1e-320;  // m is 1e-8 over that
+  }
+  const auto reduction = kx::reduceShearCurve(points, 0.0);
+  EXPECT_EQ(reduction.verdict, kx::CurveVerdict::linear);
+  EXPECT_EQ(reduction.law.m, 0.0);
+  EXPECT_EQ(reduction.lowestDegradation, 1.0);
+}
+
 TEST(ShearCurve, LongRecordsOfATestingMachineAreThinned) {
   const kx::SecantLaw law{5e9, -8e-9, 1.16, 20e6};
   const auto found = kx::reduceShearCurve(exactCurve(law, 80e6, 200000), 80e6).law;
