@@ -53,7 +53,16 @@ Creation createFile(const std::string& path);
 /// or a mixture. False, and nothing has changed, when `to` is a folder or cannot be replaced.
 bool replaceFile(const std::string& from, const std::string& to);
 
-/// Removes the file at `path`, if there is one that can be removed.
+/// Writes the bytes of the file at `from` over those of the file at `to`, which stays where it is.
+/// False when that cannot be, or did not come to its end: `to` is empty then, if it was opened.
+bool overwriteFile(const std::string& from, const std::string& to);
+
+/// Gives the file at `to` the owner and the access of the one at `from`, if there is one, as far as
+/// the user may. Nothing on Windows.
+void copyAccess(const std::string& from, const std::string& to);
+
+/// Removes the file at `path`, if there is one. One that may be written but not removed, such as
+/// another user's in a folder with the sticky bit, is emptied instead.
 void removeFile(const std::string& path);
 
 }  // namespace lamcraft::platform

@@ -2,7 +2,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -29,6 +31,41 @@ bool isTerminal(const std::string& path) {
   const bool isOne = isatty(file) == 1;
   close(file);
   return isOne;
+}
+
+/// Opens a file that exists for writing; -1 when there is none, or something that is no file.
+int openForWriting(const std::string& path) {
+  struct stat status {};
+  const int file = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+  if (file >= 0 && (fstat(file, &status) != 0 || !S_ISREG(status.st_mode))) {
+    close(file);
+    return -1;
+  }
+  return file;
+}
+
+/// What cannot be emptied stays.
+void empty(const int file) {
+  static_cast<void>(ftruncate(file, 0) == 0);
+}
+
+bool writeAll(const int file, const char* bytes, std::size_t size) {
+  while (size > 0) {
+    const ssize_t written = write(file, bytes, size);
+    if (written <= 0) return false;
+    bytes += written;
+    size -= static_cast<std::size_t>(written);
+  }
+  return true;
+}
+
+bool copyBytes(const int from, const int to) {
+  std::array<char, 32768> piece{};
+  ssize_t size = 0;
+  while ((size = read(from, piece.data(), piece.size())) > 0) {
+    if (!writeAll(to, piece.data(), static_cast<std::size_t>(size))) return false;
+  }
+  return size == 0;
 }
 
 bool isNullDevice(const struct stat& status) {
@@ -86,8 +123,34 @@ bool replaceFile(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
+bool overwriteFile(const std::string& from, const std::string& to) {
+  const int source = open(from.c_str(), O_RDONLY | O_CLOEXEC);
+  const int file = source < 0 ? -1 : openForWriting(to);
+  bool isDone = file >= 0 && ftruncate(file, 0) == 0 && copyBytes(source, file);
+  if (file >= 0 && !isDone) empty(file);  // what was cut short must not look as if it were whole
+  if (file >= 0) isDone = close(file) == 0 && isDone;
+  if (source >= 0) close(source);
+  return isDone;
+}
+
+void copyAccess(const std::string& from, const std::string& to) {
+  constexpr mode_t kAccess = 0777;
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  struct stat status {};
+  if (stat(from.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  // Without its group, the rights of the group would be those of another one.
+  if (chown(to.c_str(), status.st_uid, status.st_gid) == 0 ||
+      chown(to.c_str(), kSameOwner, status.st_gid) == 0) {
+    chmod(to.c_str(), status.st_mode & kAccess);
+  }
+}
+
 void removeFile(const std::string& path) {
-  unlink(path.c_str());  // which leaves folders alone
+  if (unlink(path.c_str()) == 0 || errno == ENOENT) return;  // leaves folders alone
+  const int file = openForWriting(path);
+  if (file < 0) return;
+  empty(file);
+  close(file);
 }
 
 }  // namespace lamcraft::platform

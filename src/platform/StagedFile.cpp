@@ -40,13 +40,20 @@ void StagedFile::discard() {
 }
 
 void StagedFile::removeOld() const {
+  if (!part_.empty()) copyAccess(target_, part_);
   removeFile(target_);
 }
 
 bool StagedFile::commit() {
-  if (part_.empty() || !replaceFile(part_, target_)) return false;
-  part_.clear();
-  return true;
+  if (part_.empty()) return false;
+  copyAccess(target_, part_);
+  if (replaceFile(part_, target_)) {
+    part_.clear();
+    return true;
+  }
+  const bool isDone = overwriteFile(part_, target_);
+  discard();
+  return isDone;
 }
 
 }  // namespace lamcraft::platform

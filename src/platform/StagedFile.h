@@ -8,7 +8,9 @@ namespace lamcraft::platform {
 /// A file that is written under another name, "NAME.part" in the same folder, and takes its own
 /// name when it is whole: under that name, nobody ever finds half of it. A part that does not come
 /// to that is removed; one that a killed process has left is of no use to anybody. A link to a file
-/// is followed; whatever else has the name makes room, but for a folder.
+/// is followed; whatever else has the name makes room, but for a folder. The new file has the owner
+/// and the access of the old one. An old one that may be written but not replaced, such as another
+/// user's in a folder with the sticky bit, is written where it is: there, half can be found.
 class StagedFile {
  public:
   /// path: the name in the end. Nothing is created yet.
@@ -22,7 +24,7 @@ class StagedFile {
   bool create();
   /// Removes the part; there is nothing to commit then.
   void discard();
-  /// Removes what stands at path().
+  /// Removes what stands at path(), or empties it where it may not be removed.
   void removeOld() const;
   /// Puts the part in the place of what stands at path(). False when that failed or when there is
   /// no part.

@@ -46,8 +46,23 @@ bool replaceFile(const std::string& from, const std::string& to) {
   return MoveFileExW(widened(from).c_str(), widened(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
+bool overwriteFile(const std::string& from, const std::string& to) {
+  return CopyFileW(widened(from).c_str(), widened(to).c_str(), FALSE) != 0;
+}
+
+void copyAccess(const std::string& /*from*/, const std::string& /*to*/) {}
+
 void removeFile(const std::string& path) {
-  DeleteFileW(widened(path).c_str());
+  if (DeleteFileW(widened(path).c_str()) != 0) return;
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = CreateFileW(widened(path).c_str(),
+                                  GENERIC_WRITE,
+                                  kShared,
+                                  nullptr,
+                                  TRUNCATE_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL,
+                                  nullptr);
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
 }
 
 }  // namespace lamcraft::platform

@@ -40,5 +40,45 @@ TEST(PosixFileSystem, PipeThatTheProcessWasHandedHasAnEnd) {
   for (const int file : pipe) close(file);
 }
 
+TEST(PosixFileSystem, OverwrittenFileStaysTheSameFile) {
+  const test::TemporaryFolder folder;
+  const std::string from = folder.write("from", "new");
+  const std::string to = folder.write("to", "what was there before, and was longer");
+  ASSERT_EQ(link(to.c_str(), folder.file("other name").c_str()), 0);
+  EXPECT_TRUE(overwriteFile(from, to));
+  EXPECT_EQ(test::contentOf(folder.file("other name")), "new");
+  EXPECT_EQ(test::contentOf(from), "new");
+}
+
+TEST(PosixFileSystem, OnlyFilesThatAreThereAreOverwritten) {
+  const test::TemporaryFolder folder;
+  const std::string from = folder.write("from", "new");
+  const std::string fifo = folder.file("fifo");
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  EXPECT_FALSE(overwriteFile(from, fifo)) << "would wait for a reader";
+  EXPECT_FALSE(overwriteFile(from, folder.path().string()));
+  EXPECT_FALSE(overwriteFile(from, folder.file("missing")));
+  EXPECT_FALSE(fileAttributes(folder.file("missing")));
+  EXPECT_FALSE(overwriteFile(folder.file("missing"), from));
+  EXPECT_EQ(test::contentOf(from), "new");
+}
+
+TEST(PosixFileSystem, AccessIsThatOfTheOtherFile) {
+  const test::TemporaryFolder folder;
+  const std::string from = folder.write("from", "");
+  const std::string to = folder.write("to", "");
+  struct stat status {};
+  for (const mode_t access : {0640U, 0444U, 0666U}) {
+    ASSERT_EQ(chmod(from.c_str(), access), 0);
+    copyAccess(from, to);
+    ASSERT_EQ(stat(to.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, access);
+  }
+  copyAccess(folder.file("missing"), to);
+  copyAccess("/dev/null", to);
+  ASSERT_EQ(stat(to.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0666U) << "nothing to take it from";
+}
+
 }  // namespace
 }  // namespace lamcraft::platform

@@ -78,6 +78,7 @@ TEST_F(Deck, ThatIsAFifoCannotBeOpened) {
   const int writer = open(folder_.file("fifo").c_str(), O_RDWR);
   ASSERT_EQ(write(writer, text_.data(), text_.size()), static_cast<ssize_t>(text_.size()));
   expectUnopened(run("fifo"), "fifo");
+  expectUnopened(run("/dev/stdin", [writer] { dup2(writer, STDIN_FILENO); }), "/dev/stdin");
   close(writer);
 }
 

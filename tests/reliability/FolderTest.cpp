@@ -44,14 +44,15 @@ class Folder : public testing::Test {
   }
 
   /// Starts a run and waits until it solves, which then takes a while.
-  std::unique_ptr<ForkedRun> solving() {
-    const fs::path calls = folder_.path() / "calls.txt";
+  std::unique_ptr<ForkedRun> solving(const std::function<void()>& prepare = [] {}) {
+    const fs::path calls = folder_.write("calls.txt", "");
+    fs::permissions(calls, fs::perms::all);
     setVariable("KXFAKE_SLEEP_MS", "300");
     setVariable("KXFAKE_LOG", calls.string());
-    auto run = std::make_unique<ForkedRun>(std::vector<std::string>{"deck.qdk", "out"},
-                                           folder_.path().string());
+    auto run = std::make_unique<ForkedRun>(
+        std::vector<std::string>{"deck.qdk", "out"}, folder_.path().string(), prepare);
     const auto isSolving = [&] {
-      return fs::exists(calls) && contentOf(calls).find("UNI_OPTIMIZATION") != std::string::npos;
+      return contentOf(calls).find("UNI_OPTIMIZATION") != std::string::npos;
     };
     constexpr int kPatience = 20000;
     for (int i = 0; i < kPatience && !isSolving(); ++i) {
@@ -120,12 +121,12 @@ TEST_F(Folder, ThatVanishesDuringTheSolveIsMissed) {
 
 TEST_F(Folder, ThatBecomesReadOnlyDuringTheSolveKeepsWhatItHolds) {
   fillWithOld();
-  setVariable("KXFAKE_SLEEP_MS", "300");
-  ForkedRun running({"deck.qdk", "out"}, folder_.path().string(), becomeNobody);
+  fs::permissions(out_, fs::perms::all);
+  const auto running = solving(becomeNobody);
   fs::permissions(out_,
                   fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
                       fs::perms::others_exec);
-  expectUnopened(running.wait(), "out/input.qdk");
+  expectUnopened(running->wait(), "out/input.qdk");
   EXPECT_EQ(filesIn(out_), old_);
 }
 
@@ -178,6 +179,27 @@ TEST_F(Folder, LinksToFilesAreFollowed) {
   EXPECT_EQ(filesIn(elsewhere), fresh_);
   EXPECT_EQ(filesIn(out_), fresh_);
   EXPECT_TRUE(fs::is_symlink(out_ / "mdata.xml"));
+}
+
+TEST_F(Folder, OldFilesHandTheirAccessOn) {
+  fillWithOld();
+  const auto access = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write;
+  for (const auto& [name, content] : old_) fs::permissions(out_ / name, access);
+  EXPECT_EQ(run().exitCode, 0);
+  EXPECT_EQ(filesIn(out_), fresh_);
+  for (const auto& [name, content] : fresh_) {
+    EXPECT_EQ(fs::status(out_ / name).permissions(), access) << name;
+  }
+}
+
+TEST_F(Folder, OfOthersWhereNothingMayBeReplacedTakesTheFiles) {
+  fillWithOld();
+  fs::permissions(out_, fs::perms::all | fs::perms::sticky_bit);
+  const auto everybody = fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read |
+                         fs::perms::others_write;
+  for (const auto& [name, content] : old_) fs::permissions(out_ / name, everybody);
+  EXPECT_EQ(run(becomeNobody).exitCode, 0);
+  EXPECT_EQ(filesIn(out_), fresh_) << "and no parts";
 }
 
 TEST_F(Folder, OfTheDeckTakesTheFilesBesideIt) {
