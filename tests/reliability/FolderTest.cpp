@@ -25,7 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::EndsWith;
-using testing::StartsWith;
 
 class Folder : public testing::Test {
  protected:

@@ -62,7 +62,7 @@ int temporaryFile() {
 
 }  // namespace
 
-ForkedRun::ForkedRun(std::vector<std::string> arguments,
+ForkedRun::ForkedRun(const std::vector<std::string>& arguments,
                      const std::string& folder,
                      const std::function<void()>& prepare)
     : out_(temporaryFile()) {
@@ -75,7 +75,7 @@ ForkedRun::ForkedRun(std::vector<std::string> arguments,
 ForkedRun::~ForkedRun() {
   if (id_ > 0) {
     kill(id_, SIGKILL);
-    wait();
+    waitpid(id_, nullptr, 0);
   }
   close(out_);
 }

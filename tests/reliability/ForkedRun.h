@@ -23,7 +23,7 @@ class ForkedRun {
  public:
   /// `arguments` are those after the program's path; `folder` is the working folder.
   ForkedRun(
-      std::vector<std::string> arguments,
+      const std::vector<std::string>& arguments,
       const std::string& folder,
       const std::function<void()>& prepare = [] {});
   ForkedRun(const ForkedRun&) = delete;
