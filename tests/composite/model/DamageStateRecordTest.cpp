@@ -11,6 +11,7 @@ namespace {
 
 std::vector<std::int32_t> numbersOf(const std::vector<DamageStateRecord>& states) {
   std::vector<std::int32_t> numbers;
+  numbers.reserve(states.size());
   for (const DamageStateRecord& state : states) {
     numbers.push_back(state.data.state);
   }
