@@ -47,6 +47,13 @@ std::runtime_error couldNotOpen(const std::string& path) {
   return std::runtime_error("Could not open file " + path);
 }
 
+/// Data that could not be removed would stand beside the copy of another deck.
+void requireRemoval(const platform::StagedFile& old) {
+  if (!old.removeOld()) {
+    throw couldNotOpen(old.path());
+  }
+}
+
 }  // namespace
 
 void Material::create() {
@@ -118,9 +125,9 @@ void Material::writeFiles(const std::string& folder) const {
   }
 
   const platform::FolderLock lock(folder);
-  materialData.removeOld();
+  requireRemoval(materialData);
   if (composite_->presence.snData) {
-    fatigueData.removeOld();
+    requireRemoval(fatigueData);
   }
   if (!deck.commit()) {
     throw couldNotOpen(deck.path());

@@ -50,7 +50,9 @@ enum class Creation { done, taken, failed };
 Creation createFile(const std::string& path);
 
 /// Puts the file at `from` in the place of what is at `to`, at once: at no moment there is neither,
-/// or a mixture. False, and nothing has changed, when `to` is a folder or cannot be replaced.
+/// or a mixture. False, and both files are as they were, when `to` is a folder or cannot be
+/// replaced. On Windows it takes up to a second until that is said: other programs may have a file
+/// open for a moment, and nobody can replace it then.
 bool replaceFile(const std::string& from, const std::string& to);
 
 /// Writes the bytes of the file at `from` over those of the file at `to`, which stays where it is.
@@ -58,12 +60,13 @@ bool replaceFile(const std::string& from, const std::string& to);
 bool overwriteFile(const std::string& from, const std::string& to);
 
 /// Gives the file at `to` the owner and the access of the one at `from`, if there is one, as far as
-/// the user may. Nothing on Windows.
+/// the user may. On Windows that is the read-only attribute.
 void copyAccess(const std::string& from, const std::string& to);
 
-/// Removes the file at `path`, if there is one. One that may be written but not removed, such as
-/// another user's in a folder with the sticky bit, is emptied instead.
-void removeFile(const std::string& path);
+/// Removes the file at `path`, if there is one; a folder stays. A file that may be written but not
+/// removed, such as another user's in a folder with the sticky bit, is emptied instead. False when
+/// neither could be done: its content is still there. Waits for other programs as replaceFile().
+bool removeFile(const std::string& path);
 
 }  // namespace lamcraft::platform
 

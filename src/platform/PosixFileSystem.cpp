@@ -44,9 +44,8 @@ int openForWriting(const std::string& path) {
   return file;
 }
 
-/// What cannot be emptied stays.
-void empty(const int file) {
-  static_cast<void>(ftruncate(file, 0) == 0);
+bool empty(const int file) {
+  return ftruncate(file, 0) == 0;
 }
 
 bool writeAll(const int file, const char* bytes, std::size_t size) {
@@ -126,7 +125,7 @@ bool replaceFile(const std::string& from, const std::string& to) {
 bool overwriteFile(const std::string& from, const std::string& to) {
   const int source = open(from.c_str(), O_RDONLY | O_CLOEXEC);
   const int file = source < 0 ? -1 : openForWriting(to);
-  bool isDone = file >= 0 && ftruncate(file, 0) == 0 && copyBytes(source, file);
+  bool isDone = file >= 0 && empty(file) && copyBytes(source, file);
   if (file >= 0 && !isDone) empty(file);  // what was cut short must not look as if it were whole
   if (file >= 0) isDone = close(file) == 0 && isDone;
   if (source >= 0) close(source);
@@ -145,12 +144,13 @@ void copyAccess(const std::string& from, const std::string& to) {
   }
 }
 
-void removeFile(const std::string& path) {
-  if (unlink(path.c_str()) == 0 || errno == ENOENT) return;  // leaves folders alone
+bool removeFile(const std::string& path) {
+  if (isFolder(path)) return true;
+  if (unlink(path.c_str()) == 0 || errno == ENOENT) return true;
   const int file = openForWriting(path);
-  if (file < 0) return;
-  empty(file);
-  close(file);
+  const bool isEmpty = file >= 0 && empty(file);
+  if (file >= 0) close(file);
+  return isEmpty;
 }
 
 }  // namespace lamcraft::platform

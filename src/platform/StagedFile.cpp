@@ -39,9 +39,9 @@ void StagedFile::discard() {
   part_.clear();
 }
 
-void StagedFile::removeOld() const {
+bool StagedFile::removeOld() const {
   if (!part_.empty()) copyAccess(target_, part_);
-  removeFile(target_);
+  return removeFile(target_);
 }
 
 bool StagedFile::commit() {

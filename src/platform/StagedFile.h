@@ -24,8 +24,9 @@ class StagedFile {
   bool create();
   /// Removes the part; there is nothing to commit then.
   void discard();
-  /// Removes what stands at path(), or empties it where it may not be removed.
-  void removeOld() const;
+  /// Removes the file at path(), or empties it where it may not be removed; a folder stays. False
+  /// when the old content is still there.
+  [[nodiscard]] bool removeOld() const;
   /// Puts the part in the place of what stands at path(). False when that failed or when there is
   /// no part.
   bool commit();

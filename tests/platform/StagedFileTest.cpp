@@ -87,9 +87,33 @@ TEST(StagedFile, DoesNotTakeTheNameOfAFolder) {
 TEST(StagedFile, RemovesWhatWasThereBefore) {
   const TemporaryFolder folder;
   const StagedFile file(folder.write("mdata.xml", "old"));
-  file.removeOld();
+  EXPECT_TRUE(file.removeOld());
   EXPECT_TRUE(fs::is_empty(folder.path()));
-  EXPECT_NO_THROW(file.removeOld());
+  EXPECT_TRUE(file.removeOld()) << "there is none";
+}
+
+TEST(StagedFile, LeavesAFolderOfItsNameAlone) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder.path() / "mdata.xml");
+  const StagedFile file(folder.file("mdata.xml"));
+  EXPECT_TRUE(file.removeOld()) << "no old content";
+  EXPECT_TRUE(fs::is_directory(folder.path() / "mdata.xml"));
+}
+
+TEST(StagedFile, TakesThePlaceOfAWriteProtectedFileAndItsProtection) {
+  const TemporaryFolder folder;
+  const fs::path old = folder.write("mdata.xml", "old");
+  fs::permissions(old,
+                  fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                  fs::perm_options::remove);
+  StagedFile file(old.string());
+  ASSERT_TRUE(file.create());
+  write(file.part(), "new");
+  EXPECT_TRUE(file.removeOld());
+  EXPECT_TRUE(file.commit());
+  EXPECT_EQ(contentOf(old), "new");
+  EXPECT_EQ(fs::status(old).permissions() & fs::perms::owner_write, fs::perms::none);
+  fs::permissions(old, fs::perms::owner_all);  // or Windows could not remove it
 }
 
 TEST(StagedFile, NeedsItsFolder) {

@@ -201,6 +201,26 @@ TEST_F(Folder, OfOthersWhereNothingMayBeReplacedTakesTheFiles) {
   EXPECT_EQ(filesIn(out_), fresh_) << "and no parts";
 }
 
+TEST_F(Folder, OldDataThatAreWriteProtectedAreReplaced) {
+  fillWithOld();
+  fs::permissions(out_, fs::perms::all);
+  for (const std::string name : {"mdata.xml", "fdata.xml"}) {
+    fs::permissions(out_ / name, fs::perms::owner_read | fs::perms::others_read);
+  }
+  fs::permissions(out_ / "input.qdk", fs::perms::all);
+  EXPECT_EQ(run(becomeNobody).exitCode, 0);
+  EXPECT_EQ(filesIn(out_), fresh_);
+}
+
+TEST_F(Folder, OldDataThatCanNeitherBeRemovedNorEmptiedStopTheRun) {
+  fillWithOld();
+  fs::permissions(out_, fs::perms::all | fs::perms::sticky_bit);
+  fs::permissions(out_ / "input.qdk", fs::perms::all);
+  fs::permissions(out_ / "mdata.xml", fs::perms::owner_read | fs::perms::others_read);
+  expectUnopened(run(becomeNobody), "out/mdata.xml");
+  EXPECT_EQ(filesIn(out_), old_);
+}
+
 TEST_F(Folder, OfTheDeckTakesTheFilesBesideIt) {
   const std::string before = contentOf(folder_.path() / "deck.qdk");
   EXPECT_EQ(runForked({"deck.qdk", "."}, folder_.path().string()).exitCode, 0);

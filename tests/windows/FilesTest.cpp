@@ -43,7 +43,7 @@ TEST_F(Files, FileWithTheArchiveAttributeAloneIsOverwritten) {
   EXPECT_NE(contentOf(path("out/mdata.xml")), "mine");
 }
 
-TEST_F(Files, ReadOnlyFileIsNotRefused) {
+TEST_F(Files, ReadOnlyFileIsNotRefusedButReplaced) {
   fs::create_directory(path("out"));
   windows_.folder().write("out/mdata.xml", "mine");
   fs::permissions(path("out/mdata.xml"), fs::perms::owner_read, fs::perm_options::replace);
@@ -52,6 +52,7 @@ TEST_F(Files, ReadOnlyFileIsNotRefused) {
   EXPECT_THAT(result.out, StartsWith(kFirstLine));
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_TRUE(fs::exists(path("out/input.qdk")));
+  EXPECT_THAT(contentOf(path("out/mdata.xml")), StartsWith("<?xml"));
 }
 
 TEST_F(Files, FolderNamedLikeTheDataFileIsNotRefused) {
