@@ -1,7 +1,6 @@
 #ifndef LAMCRAFT_TESTS_FUZZ_CALLINPUT_H
 #define LAMCRAFT_TESTS_FUZZ_CALLINPUT_H
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -76,41 +75,6 @@ class CallInput {
   const std::uint8_t* end_;
   bool replacesAll_ = false;
   unsigned keeps_ = 0;
-};
-
-/// Numbers that a call may write, between words that it must not touch.
-template <typename Number>
-class Guarded {
- public:
-  explicit Guarded(const std::vector<Number>& start) : all_(start.size() + 2 * kGuard) {
-    std::memset(all_.data(), kPattern, all_.size() * sizeof(Number));
-    std::copy(start.begin(), start.end(), begin());
-  }
-  explicit Guarded(const std::size_t count) : Guarded(std::vector<Number>(count)) {}
-  Guarded(const Guarded&) = delete;
-  Guarded& operator=(const Guarded&) = delete;
-  ~Guarded() {
-    require(isPattern(all_.data()) && isPattern(&all_[all_.size() - kGuard]),
-            "a call writes its outputs and nothing beside them");
-  }
-
-  Number* data() { return all_.data() + kGuard; }
-  Number* begin() { return data(); }
-  Number* end() { return all_.data() + all_.size() - kGuard; }
-  Number& operator[](const std::size_t index) { return data()[index]; }
-
- private:
-  static constexpr std::size_t kGuard = 8;
-  static constexpr unsigned char kPattern = 0xA5;
-
-  static bool isPattern(const Number* words) {
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(words);
-    return std::all_of(bytes, bytes + kGuard * sizeof(Number), [](const unsigned char byte) {
-      return byte == kPattern;
-    });
-  }
-
-  std::vector<Number> all_;
 };
 
 }  // namespace lamcraft::fuzz

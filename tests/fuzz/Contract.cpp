@@ -9,9 +9,9 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <vector>
 
+#include "driver/ContractCalls.h"
 #include "fit/MatrixSymmetry.h"
 #include "fuzz/CallInput.h"
 #include "fuzz/Target.h"
@@ -23,6 +23,7 @@ namespace {
 
 constexpr bool kSolvesWeaves = LAMCRAFT_FUZZ_WEAVES;
 
+namespace test = kx::test;
 using Twelve = std::array<double, 12>;
 
 // Carbon and epoxy [Pa, 1/K]: not what is called with them is looked at, but that it gets far.
@@ -35,101 +36,47 @@ constexpr Twelve kLamina{
 constexpr Twelve kWovenLamina{
     7.0e10, 7.0e10, 1.0e10, 0.05, 0.4, 0.4, 5e9, 4e9, 4e9, 3e-6, 3e-6, 4e-5};
 constexpr std::array<double, 6> kStrengths{1.95e9, 1.48e9, 4.8e7, 2e8, 7.9e7, 5.5e7};
-constexpr std::array<double, 30> kSnRecords{1.4e9, 1e3, 5, 0,  0.1, 1.25e9, 3e4, 5, 0,  0.1,
-                                            1.1e9, 1e6, 5, 0,  0.1, 3.8e7,  1e3, 5, 90, 0.1,
-                                            3.3e7, 4e4, 5, 90, 0.1, 2.8e7,  1e6, 5, 90, 0.1};
+constexpr std::array<test::SnRow, 6> kSnRecords{{{1.4e9, 1e3, 5, 0, 0.1},
+                                                 {1.25e9, 3e4, 5, 0, 0.1},
+                                                 {1.1e9, 1e6, 5, 0, 0.1},
+                                                 {3.8e7, 1e3, 5, 90, 0.1},
+                                                 {3.3e7, 4e4, 5, 90, 0.1},
+                                                 {2.8e7, 1e6, 5, 90, 0.1}}};
 constexpr std::array<double, 10> kStress{8e6, 16e6, 24e6, 32e6, 40e6, 48e6, 56e6, 64e6, 72e6, 80e6};
 constexpr std::array<double, 10> kStrain{
     0.0016, 0.0033, 0.0052, 0.0074, 0.0099, 0.0129, 0.0165, 0.0207, 0.0256, 0.0314};
 
-template <typename Numbers>
-bool areFinite(Numbers&& numbers) {
-  return std::all_of(
-      numbers.begin(), numbers.end(), [](const double number) { return std::isfinite(number); });
+template <typename... Numbers>
+bool areFinite(const Numbers&... numbers) {
+  const auto isFinite = [](const double number) { return std::isfinite(number); };
+  return (... && std::all_of(numbers.begin(), numbers.end(), isFinite));
 }
 
-/// An array as long as its count says, which is any number: nothing is read for one that is
-/// negative or absurd, and others are brought down to what a moment can allocate.
-struct Counted {
-  std::int32_t count;
-  std::vector<double> values;
-};
-
-template <typename Usual>
-Counted counted(CallInput& input, const Usual& usual, const std::size_t columns) {
-  constexpr std::int32_t kMost = 48;
-  constexpr std::int32_t kAbsurd = 1 << 24;
-  auto count = input.number(static_cast<std::int32_t>(usual.size() / columns));
-  count = count > kMost && count <= kAbsurd ? count % kMost : count;
-  const auto rows = static_cast<std::size_t>(count > 0 && count <= kMost ? count : 0);
-  Counted result{count, {}};
-  for (std::size_t i = 0; i < rows * columns; ++i) {
-    result.values.push_back(input.number(usual[i % usual.size()]));
+/// Of a fit of constituents, for which there are two pairs of errors and two counts.
+template <typename Call>
+void requireTwoFits(const Call& call) {
+  const auto& errors = call.errors;
+  const auto& iterations = call.iterations;
+  for (std::size_t fit = 0; fit < 2; ++fit) {
+    require(std::isfinite(errors[2 * fit]) && std::isfinite(errors[2 * fit + 1]) &&
+                errors[2 * fit] >= 0.0 && errors[2 * fit + 1] >= 0.0,
+            "errors are no less than zero, and finite");
+    require(errors[2 * fit + 1] <= errors[2 * fit] || iterations[fit] == 0,
+            "no fit ends worse than it started");
+    require(iterations[fit] >= 0, "iterations are counted");
   }
-  return result;
+  require(errors[4] == test::kUntouched && errors[5] == test::kUntouched &&
+              iterations[2] == test::kUntouched,
+          "the fatigue fit's errors and iterations are left alone");
 }
 
-/// Errors and iterations: the first `written` of each pair are the call's.
-struct Summary {
-  Guarded<double> errors{std::vector<double>(6, -7.0)};
-  Guarded<std::int32_t> iterations{std::vector<std::int32_t>(3, -7)};
-
-  void requireTwoFits() {
-    for (std::size_t fit = 0; fit < 2; ++fit) {
-      require(std::isfinite(errors[2 * fit]) && std::isfinite(errors[2 * fit + 1]) &&
-                  errors[2 * fit] >= 0.0 && errors[2 * fit + 1] >= 0.0,
-              "errors are no less than zero, and finite");
-      require(errors[2 * fit + 1] <= errors[2 * fit] || iterations[fit] == 0,
-              "no fit ends worse than it started");
-      require(iterations[fit] >= 0, "iterations are counted");
-    }
-    require(errors[4] == -7.0 && errors[5] == -7.0 && iterations[2] == -7,
-            "the fatigue fit's errors and iterations are left alone");
-  }
-};
-
-struct Prefail {
-  Guarded<double> m{1}, b{1}, thr{1}, c2mdeg{3};
-  Guarded<std::int32_t> failed{1}, code{1};
-
-  void requireAnswer() {
-    require(areFinite(m) && areFinite(b) && areFinite(thr) && areFinite(c2mdeg),
-            "prefail constants are finite");
-    require((failed[0] == 0 && code[0] == 0) || (failed[0] == 1 && code[0] >= 1 && code[0] <= 2),
-            "a curve is reduced, or there is a reason");
-  }
-};
-
-struct Weave {
-  std::int32_t harness;
-  std::vector<double> towFractions;
-  double fiberFraction;
-
-  explicit Weave(CallInput& input)
-      : harness(input.number(kSolvesWeaves ? 1 : kNoHarness)),
-        towFractions(input.numbers(std::array<double, 2>{0.36, 0.36})),
-        fiberFraction(input.number(0.7)) {}
-
-  /// Whether a call with this weave may be made: none that would be solved, unless asked for.
-  [[nodiscard]] bool isToCall(const std::vector<double>& fiber,
-                              const std::vector<double>& matrix,
-                              const bool isMatrixIsotropic) const {
-    if (kSolvesWeaves) {
-      return true;
-    }
-    kx::WeaveDescription weave;
-    weave.harness = harness;
-    weave.fillFraction = towFractions[0];
-    weave.warpFraction = towFractions[1];
-    weave.fiberFraction = fiberFraction;
-    const auto start = kx::matrixStart(kx::propertiesFrom(matrix.data()), isMatrixIsotropic);
-    return !weave.isSensible() || !kx::isAdmissible(start.constants) ||
-           !kx::isAdmissible(kx::transverselyIsotropic(kx::propertiesFrom(fiber.data())));
-  }
-
- private:
-  static constexpr std::int32_t kNoHarness = 3;
-};
+void requireAnswer(const test::ShearReduction& call) {
+  require(areFinite(call.m, call.b, call.thr, call.c2mdeg), "prefail constants are finite");
+  const auto failed = call.failed.value();
+  const auto code = call.code.value();
+  require((failed == 0 && code == 0) || (failed == 1 && code >= 1 && code <= 2),
+          "a curve is reduced, or there is a reason");
+}
 
 /// One input: a few calls, of which the earlier set what the later ones find. Without
 /// fits, which take far longer than the other calls, those among them are passed over.
@@ -176,24 +123,7 @@ class Calls {
     SETISOFLAG(&isotropic_);
     takeWeaveAway();
   }
-  static void takeWeaveAway() {
-    const std::int32_t noRecords = 0;
-    std::array<double, 6> row{};
-    std::array<double, 6> errors{};
-    std::int32_t iterations = 0;
-    FATIGUE_PW_OPTI(row.data(),
-                    row.data(),
-                    row.data(),
-                    row.data(),
-                    &noRecords,
-                    kSnRecords.data(),
-                    row.data(),
-                    row.data(),
-                    row.data(),
-                    row.data(),
-                    errors.data(),
-                    &iterations);
-  }
+  static void takeWeaveAway() { test::FatiguePwOpti().run(); }
 
   void setMaxError() {
     const auto kind = input_.number(std::int32_t{2});
@@ -208,261 +138,191 @@ class Calls {
   }
 
   void uniOptimization() {
-    const auto fraction = input_.number(0.6);
-    Guarded<double> lamina(input_.numbers(kLamina));
-    Guarded<double> fiber(input_.numbers(kFiber));
-    Guarded<double> matrix(input_.numbers(kMatrix));
-    const auto temperature = input_.number(296.15);
-    const auto strengths = input_.numbers(kStrengths);
-    const auto sn = counted(input_, kSnRecords, 5);
-    Guarded<double> rows(input_.numbers(Twelve{}));
-    Summary summary;
-    UNI_OPTIMIZATION(&fraction,
-                     lamina.data(),
-                     fiber.data(),
-                     matrix.data(),
-                     &temperature,
-                     &sn.count,
-                     sn.values.data(),
-                     rows.data(),
-                     rows.data() + 6,
-                     strengths.data(),
-                     summary.errors.data(),
-                     summary.iterations.data());
-    require(areFinite(rows), "fatigue constants are finite");
-    summary.requireTwoFits();
+    test::UniOptimization call;
+    call.fiberVolumeFraction = input_.number(0.6);
+    call.lamina = input_.numbers(kLamina);
+    call.fiber = input_.numbers(kFiber);
+    call.matrix = input_.numbers(kMatrix);
+    call.temperature = input_.number(296.15);
+    call.strengths = input_.numbers(kStrengths);
+    call.snCount = drawRows(kSnRecords, call.sn);
+    call.fatigueRows = input_.numbers(Twelve{});
+    call.run();
+    require(areFinite(call.fatigueRows), "fatigue constants are finite");
+    requireTwoFits(call);
   }
 
   void prefail() {
-    const auto fraction = input_.number(0.6);
-    const auto strength = input_.number(7.9e7);
-    auto stress = counted(input_, kStress, 1);
-    auto strain = input_.numbers(kStrain);
-    strain.resize(stress.values.size(), 0.04);
-    const auto matrix = input_.numbers(kMatrix);
-    const auto fiber = input_.numbers(kFiber);
-    const auto lamina = input_.numbers(kLamina);
-    Prefail out;
-    PREFAIL(&fraction,
-            matrix.data(),
-            fiber.data(),
-            lamina.data(),
-            &strength,
-            stress.values.data(),
-            strain.data(),
-            &stress.count,
-            out.m.data(),
-            out.b.data(),
-            out.thr.data(),
-            out.c2mdeg.data(),
-            out.failed.data(),
-            out.code.data());
-    out.requireAnswer();
+    test::Prefail call;
+    call.fiberVolumeFraction = input_.number(0.6);
+    drawCurve(kLamina, call);
+    call.run();
+    requireAnswer(call);
   }
 
   void weaveOptimization() {
-    const Weave weave(input_);
-    const auto startFiber = input_.numbers(kFiber);
-    const auto startMatrix = input_.numbers(kMatrix);
-    Guarded<double> lamina(input_.numbers(kWovenLamina));
-    Guarded<double> fiber(startFiber);
-    Guarded<double> matrix(startMatrix);
-    const auto zero = input_.number(std::int32_t{0});
-    const auto satin = input_.number(std::int32_t{0});
-    if (!weave.isToCall(startFiber, startMatrix, isotropic_ != 0)) {
-      return;
+    test::WeaveOptimization call;
+    drawWeave(call.weave);
+    call.fiber = input_.numbers(kFiber);
+    call.matrix = input_.numbers(kMatrix);
+    call.lamina = input_.numbers(kWovenLamina);
+    call.weave.zero = input_.number(std::int32_t{0});
+    call.weave.satin = input_.number(std::int32_t{0});
+    if (isToCall(call)) {
+      call.run();
+      requireTwoFits(call);
     }
-    Summary summary;
-    WEAVE_OPTIMIZATION(&weave.harness,
-                       weave.towFractions.data(),
-                       &weave.fiberFraction,
-                       lamina.data(),
-                       fiber.data(),
-                       matrix.data(),
-                       summary.errors.data(),
-                       summary.iterations.data(),
-                       "DUMB",
-                       "",
-                       "DUMB",
-                       &zero,
-                       &satin);
-    summary.requireTwoFits();
   }
 
   void weavePrefail() {
-    const Weave weave(input_);
-    const auto strength = input_.number(7.9e7);
-    auto stress = counted(input_, kStress, 1);
-    auto strain = input_.numbers(kStrain);
-    strain.resize(stress.values.size(), 0.04);
-    const auto matrix = input_.numbers(kMatrix);
-    const auto fiber = input_.numbers(kFiber);
-    const auto lamina = input_.numbers(kWovenLamina);
-    const auto satin = input_.number(std::int32_t{0});
-    if (!weave.isToCall(fiber, matrix, isotropic_ != 0)) {
-      return;
+    test::WeavePrefail call;
+    drawWeave(call.weave);
+    drawCurve(kWovenLamina, call);
+    call.weave.satin = input_.number(std::int32_t{0});
+    if (isToCall(call)) {
+      call.run();
+      requireAnswer(call);
     }
-    Prefail out;
-    WEAVE_PREFAIL(&weave.harness,
-                  weave.towFractions.data(),
-                  &weave.fiberFraction,
-                  matrix.data(),
-                  fiber.data(),
-                  lamina.data(),
-                  &strength,
-                  stress.values.data(),
-                  strain.data(),
-                  "",
-                  &stress.count,
-                  out.m.data(),
-                  out.b.data(),
-                  out.thr.data(),
-                  out.c2mdeg.data(),
-                  out.failed.data(),
-                  out.code.data(),
-                  &satin);
-    out.requireAnswer();
   }
 
   void weaveDamageState() {
-    constexpr std::size_t kSlot = 84;
-    Guarded<std::int32_t> codes({input_.number(std::int32_t{0}),
-                                 input_.number(std::int32_t{1}),
-                                 input_.number(std::int32_t{2})});
-    const Weave weave(input_);
-    const auto fiberDegradation = input_.number(0.01);
-    const auto matrixDegradation = input_.number(0.1);
-    const auto fiber = input_.numbers(kFiber);
-    const auto matrix = input_.numbers(kMatrix);
-    const auto snCount = input_.number(std::int32_t{0});
-    const auto zero = input_.number(std::int32_t{0});
-    const auto satin = input_.number(std::int32_t{0});
-    if (!weave.isToCall(fiber, matrix, isotropic_ != 0)) {
+    test::WeaveDamageState call;
+    call.pocketCode.value() = input_.number(std::int32_t{0});
+    call.fillCode.value() = input_.number(std::int32_t{1});
+    call.warpCode.value() = input_.number(std::int32_t{2});
+    drawWeave(call.weave);
+    call.fiberDegradation = input_.number(0.01);
+    call.matrixDegradation = input_.number(0.1);
+    call.fiber = input_.numbers(kFiber);
+    call.matrix = input_.numbers(kMatrix);
+    call.snCount = input_.number(std::int32_t{0});
+    call.weave.zero = input_.number(std::int32_t{0});
+    call.weave.satin = input_.number(std::int32_t{0});
+    if (!isToCall(call)) {
       return;
     }
-    std::array<Guarded<double>, 8> sets{Guarded<double>(12),
-                                        Guarded<double>(12),
-                                        Guarded<double>(12),
-                                        Guarded<double>(12),
-                                        Guarded<double>(12),
-                                        Guarded<double>(12),
-                                        Guarded<double>(12),
-                                        Guarded<double>(12)};
-    Guarded<double> unitCell(4 * kSlot);
-    Guarded<double> fillBlock(2 * kSlot);
-    Guarded<double> warpBlock(2 * kSlot);
-    WEAVE_DAMAGE_STATE(&codes[0],
-                       &codes[1],
-                       &codes[2],
-                       &weave.harness,
-                       weave.towFractions.data(),
-                       &weave.fiberFraction,
-                       fiber.data(),
-                       matrix.data(),
-                       &fiberDegradation,
-                       &matrixDegradation,
-                       sets[0].data(),
-                       sets[1].data(),
-                       sets[2].data(),
-                       sets[3].data(),
-                       sets[4].data(),
-                       sets[5].data(),
-                       sets[6].data(),
-                       sets[7].data(),
-                       unitCell.data(),
-                       fillBlock.data(),
-                       warpBlock.data(),
-                       &snCount,
-                       "DUMB",
-                       "",
-                       "DUMB",
-                       &zero,
-                       &satin);
-    for (auto& set : sets) {
-      require(areFinite(set), "the properties of a damage state are finite");
-    }
-    require(areFinite(unitCell) && areFinite(fillBlock) && areFinite(warpBlock),
+    call.run();
+    require(areFinite(call.composite, call.matrixPocket, call.fill, call.warp) &&
+                areFinite(call.fillFiber, call.fillMatrix, call.warpFiber, call.warpMatrix),
+            "the properties of a damage state are finite");
+    require(areFinite(call.unitCellBlock, call.fillBlock, call.warpBlock),
             "concentrations are finite");
   }
 
   void fatDcmpProps() {
-    const auto state = input_.number(std::int32_t{1});
-    const auto unitCell = block(4);
-    const auto fillBlock = block(2);
-    const auto warpBlock = block(2);
-    const std::vector<double> set(kFiber.begin(), kFiber.end());
-    const std::vector<std::int32_t> record{state, 0, 0, 0};
-    FAT_DCMP_PROPS(set.data(),
-                   set.data(),
-                   set.data(),
-                   set.data(),
-                   set.data(),
-                   set.data(),
-                   set.data(),
-                   set.data(),
-                   unitCell.data(),
-                   fillBlock.data(),
-                   warpBlock.data(),
-                   record.data());
+    test::FatDcmpProps call;
+    call.set = kFiber;
+    call.record = {input_.number(std::int32_t{1}), 0, 0, 0};
+    drawBlock(call.unitCellBlock);
+    drawBlock(call.fillBlock);
+    drawBlock(call.warpBlock);
+    call.run();
   }
 
   void fatiguePwOpti() {
-    const auto temperature = input_.number(296.15);
-    const auto strengths = input_.numbers(kStrengths);
-    const Weave weave(input_);
-    const auto sn = counted(input_, kSnRecords, 5);
-    Guarded<double> row1(6), row2(6), row3(6), row4(6);
-    Summary summary;
-    FATIGUE_PW_OPTI(row1.data(),
-                    row2.data(),
-                    row3.data(),
-                    row4.data(),
-                    &sn.count,
-                    sn.values.data(),
-                    &temperature,
-                    strengths.data(),
-                    weave.towFractions.data(),
-                    &weave.fiberFraction,
-                    summary.errors.data(),
-                    summary.iterations.data());
-    require(areFinite(row1) && areFinite(row2) && areFinite(row3) && areFinite(row4),
-            "fatigue constants are finite");
-    require(summary.errors[4] >= 0.0 && summary.errors[5] >= 0.0 && summary.iterations[0] >= 0,
+    test::FatiguePwOpti call;
+    call.temperature = input_.number(296.15);
+    call.strengths = input_.numbers(kStrengths);
+    test::Weave weave;
+    drawWeave(weave);
+    call.towFractions = weave.towFractions;
+    call.fiberFractionInTow = weave.fiberFractionInTow;
+    call.snCount = drawRows(kSnRecords, call.sn);
+    call.run();
+    const auto& [row1, row2, row3, row4] = call.rows;
+    require(areFinite(row1, row2, row3, row4), "fatigue constants are finite");
+    require(call.errors[4] >= 0.0 && call.errors[5] >= 0.0 && call.iterations.value() >= 0,
             "fatigue errors are no less than zero");
-    require(summary.errors[0] == -7.0 && summary.errors[3] == -7.0 && summary.iterations[1] == -7,
-            "the errors and iterations of other fits are left alone");
+    require(call.errors[0] == test::kUntouched && call.errors[3] == test::kUntouched,
+            "the errors of other fits are left alone");
   }
 
   void insituStatus() {
-    Guarded<std::int32_t> iteration(1);
-    Guarded<double> error(1);
+    test::Out<std::int32_t> iteration;
+    test::Out<double> error;
     require(INSITU_STATUS(iteration.data(), error.data()) == 0, "the status is worth asking for");
-    require(iteration[0] >= -1 && error[0] >= 0.0, "the status is an iteration and its error");
+    require(iteration.value() >= -1 && error.value() >= 0.0,
+            "the status is an iteration and its error");
   }
 
   void getDefProps() {
     const auto system = input_.number(std::int32_t{1});
-    Guarded<double> fiber(12), matrix(12), value(1), block(1);
+    test::Out<double, 12> fiber, matrix;
+    test::Out<double> value, block;
     FHT_GETDEFPROPS(&system, fiber.data(), matrix.data(), value.data(), block.data());
-    require(areFinite(fiber) && areFinite(matrix) && areFinite(value) && areFinite(block),
-            "default properties are finite");
+    require(areFinite(fiber, matrix, value, block), "default properties are finite");
+  }
+
+  /// Whether a call with a weave may be made: none that would be solved, unless asked for.
+  template <typename Call>
+  [[nodiscard]] bool isToCall(const Call& call) const {
+    if (kSolvesWeaves) {
+      return true;
+    }
+    kx::WeaveDescription weave;
+    weave.harness = call.weave.harness;
+    weave.fillFraction = call.weave.towFractions[0];
+    weave.warpFraction = call.weave.towFractions[1];
+    weave.fiberFraction = call.weave.fiberFractionInTow;
+    const auto start = kx::matrixStart(kx::propertiesFrom(call.matrix.data()), isotropic_ != 0);
+    return !weave.isSensible() || !kx::isAdmissible(start.constants) ||
+           !kx::isAdmissible(kx::transverselyIsotropic(kx::propertiesFrom(call.fiber.data())));
+  }
+
+  void drawWeave(test::Weave& weave) {
+    constexpr std::int32_t kNoHarness = 3;
+    weave.harness = input_.number(kSolvesWeaves ? 1 : kNoHarness);
+    weave.towFractions = input_.numbers(std::array<double, 2>{0.36, 0.36});
+    weave.fiberFractionInTow = input_.number(0.7);
+    weave.folder = "";
+  }
+
+  void drawCurve(const Twelve& usualLamina, test::ShearReduction& call) {
+    call.shearStrength = input_.number(7.9e7);
+    call.pointCount = drawRows(kStress, call.stress);
+    call.strain = input_.numbers(kStrain);
+    call.strain.resize(call.stress.size(), 0.04);
+    call.strain.shrink_to_fit();
+    call.matrix = input_.numbers(kMatrix);
+    call.fiber = input_.numbers(kFiber);
+    call.lamina = input_.numbers(usualLamina);
+  }
+
+  /// Answers a count, which is any number, and gives `rows` as many: none for one that is negative
+  /// or absurd, and others are brought down to what a moment can allocate.
+  template <typename Row, std::size_t usualCount>
+  std::int32_t drawRows(const std::array<Row, usualCount>& usual, std::vector<Row>& rows) {
+    constexpr std::int32_t kMost = 48;
+    constexpr std::int32_t kAbsurd = 1 << 24;
+    auto count = input_.number(static_cast<std::int32_t>(usualCount));
+    count = count > kMost && count <= kAbsurd ? count % kMost : count;
+    rows.resize(static_cast<std::size_t>(count > 0 && count <= kMost ? count : 0));
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      rows[i] = drawn(usual[i % usualCount]);
+    }
+    return count;
+  }
+  double drawn(const double usual) { return input_.number(usual); }
+  test::SnRow drawn(test::SnRow row) {
+    for (double& number : row) {
+      number = input_.number(number);
+    }
+    return row;
   }
 
   /// Slots of a decomposition whose stress concentration is the identity but for what the input
-  /// replaces of its first column.
-  std::vector<double> block(const std::size_t slots) {
-    constexpr std::size_t kSlot = 84;
-    std::vector<double> values(slots * kSlot, 0.0);
-    for (std::size_t slot = 0; slot < slots; ++slot) {
+  /// replaces of its first two columns.
+  template <typename Block>
+  void drawBlock(Block& block) {
+    block.fill(0.0);
+    for (std::size_t slot = 0; slot < block.size(); slot += test::kSlot) {
       for (std::size_t row = 0; row < 6; ++row) {
-        values[slot * kSlot + 7 * row] = 1.0;
+        block[slot + 7 * row] = 1.0;
       }
       for (std::size_t i = 0; i < 12; ++i) {
-        double& value = values[slot * kSlot + i];
-        value = input_.number(value);
+        block[slot + i] = input_.number(block[slot + i]);
       }
     }
-    return values;
   }
 
   CallInput& input_;

@@ -21,12 +21,15 @@ constexpr double kAbsurd[] = {0.0,
 class Absurd {
  public:
   /// Replaces about one number in `odds`.
+  void spoil(double& number, unsigned odds) {
+    if (random_() % odds == 0) {
+      number = kAbsurd[random_() % std::size(kAbsurd)];
+    }
+  }
   template <typename Numbers>
   void spoil(Numbers& numbers, unsigned odds) {
-    for (double& number : numbers) {
-      if (random_() % odds == 0) {
-        number = kAbsurd[random_() % std::size(kAbsurd)];
-      }
+    for (auto& number : numbers) {
+      spoil(number, odds);
     }
   }
 
@@ -39,19 +42,15 @@ TEST(AbsurdInput, UniOptimizationAlwaysAnswers) {
   for (int trial = 0; trial < 400; ++trial) {
     kx::test::UnidirectionalCall call;
     const unsigned odds = trial % 2 == 0 ? 4 : 25;
-    std::array<double, 2> scalars{call.fiberFraction, call.temperature};
-    absurd.spoil(scalars, odds);
-    call.fiberFraction = scalars[0];
-    call.temperature = scalars[1];
+    absurd.spoil(call.fiberVolumeFraction, odds);
+    absurd.spoil(call.temperature, odds);
     absurd.spoil(call.lamina, odds);
     absurd.spoil(call.fiber, odds);
     absurd.spoil(call.matrix, odds);
     absurd.spoil(call.strengths, odds);
-    for (auto& row : call.sn) {
-      absurd.spoil(row, odds);
-    }
+    absurd.spoil(call.sn, odds);
     call.run();
-    for (const double number : call.rows) {
+    for (const double number : call.fatigueRows) {
       ASSERT_TRUE(std::isfinite(number)) << trial;
     }
     for (std::size_t i = 0; i < 4; ++i) {
@@ -66,97 +65,50 @@ TEST(AbsurdInput, UniOptimizationAlwaysAnswers) {
 TEST(AbsurdInput, PrefailAlwaysAnswers) {
   Absurd absurd;
   for (int trial = 0; trial < 400; ++trial) {
-    kx::test::UnidirectionalCall materials;
-    std::array<double, 1> strength{80e6};
-    std::array<double, 12> stress{}, strain{};
-    for (std::size_t i = 0; i < stress.size(); ++i) {
-      stress[i] = 7e6 * static_cast<double>(i + 1);
-      strain[i] = stress[i] / 5e9 + 3e-26 * std::pow(stress[i], 3);
+    const kx::test::UnidirectionalCall materials;
+    kx::test::Prefail call;
+    call.fiberVolumeFraction = materials.fiberVolumeFraction;
+    call.matrix = materials.matrix;
+    call.fiber = materials.fiber;
+    call.lamina = materials.lamina;
+    call.shearStrength = 80e6;
+    call.pointCount = 12;
+    for (int i = 1; i <= call.pointCount; ++i) {
+      const double stress = 7e6 * i;
+      call.stress.push_back(stress);
+      call.strain.push_back(stress / 5e9 + 3e-26 * std::pow(stress, 3));
     }
-    absurd.spoil(strength, 6);
-    absurd.spoil(stress, 6);
-    absurd.spoil(strain, 6);
-    absurd.spoil(materials.fiber, 6);
-    absurd.spoil(materials.matrix, 6);
-    const std::int32_t count = 12;
-    double m = -7, b = -7, thr = -7;
-    std::array<double, 3> c2mdeg{-7, -7, -7};
-    std::int32_t failed = -7, code = -7;
-    PREFAIL(&materials.fiberFraction,
-            materials.matrix.data(),
-            materials.fiber.data(),
-            materials.lamina.data(),
-            strength.data(),
-            stress.data(),
-            strain.data(),
-            &count,
-            &m,
-            &b,
-            &thr,
-            c2mdeg.data(),
-            &failed,
-            &code);
-    ASSERT_TRUE(std::isfinite(m + b + thr + c2mdeg[0] + c2mdeg[1] + c2mdeg[2])) << trial;
-    ASSERT_TRUE(failed == 0 || failed == 1) << trial;
-    ASSERT_EQ(failed == 0, code == 0) << trial;
+    absurd.spoil(call.shearStrength, 6);
+    absurd.spoil(call.stress, 6);
+    absurd.spoil(call.strain, 6);
+    absurd.spoil(call.fiber, 6);
+    absurd.spoil(call.matrix, 6);
+    call.run();
+    const auto& c2mdeg = call.c2mdeg;
+    ASSERT_TRUE(std::isfinite(call.m.value() + call.b.value() + call.thr.value() + c2mdeg[0] +
+                              c2mdeg[1] + c2mdeg[2]))
+        << trial;
+    const bool isReduced = call.failed.value() == 0;
+    ASSERT_TRUE(isReduced || call.failed.value() == 1) << trial;
+    ASSERT_EQ(isReduced, call.code.value() == 0) << trial;
   }
 }
 
+/// Calls a function with no address for any of its arguments.
+template <typename Answer, typename... Arguments>
+Answer callWithNothing(Answer (*const function)(Arguments*...)) {
+  return function(static_cast<Arguments*>(nullptr)...);
+}
+
 TEST(AbsurdInput, MissingArgumentsAreNotFollowed) {
-  UNI_OPTIMIZATION(nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr,
-                   nullptr);
-  PREFAIL(nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr,
-          nullptr);
-  FAT_DCMP_PROPS(nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr,
-                 nullptr);
-  FATIGUE_PW_OPTI(nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr);
-  SETMAXERROR(nullptr, nullptr, nullptr);
-  SETISOFLAG(nullptr);
-  FHT_GETDEFPROPS(nullptr, nullptr, nullptr, nullptr, nullptr);
-  EXPECT_EQ(INSITU_STATUS(nullptr, nullptr), 0);
+  callWithNothing(UNI_OPTIMIZATION);
+  callWithNothing(PREFAIL);
+  callWithNothing(FAT_DCMP_PROPS);
+  callWithNothing(FATIGUE_PW_OPTI);
+  callWithNothing(SETMAXERROR);
+  callWithNothing(SETISOFLAG);
+  callWithNothing(FHT_GETDEFPROPS);
+  EXPECT_EQ(callWithNothing(INSITU_STATUS), 0);
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
-#include <array>
 #include <limits>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -10,49 +8,33 @@
 
 namespace {
 
-struct PrefailCall {
-  kx::test::UnidirectionalCall materials;
-  double strength = 80e6;
-  std::vector<double> stress, strain;
-  double m = -7, b = -7, thr = -7;
-  std::array<double, 3> c2mdeg{-7, -7, -7};
-  std::int32_t failed = -7, code = -7;
-
+struct PrefailCall : kx::test::Prefail {
   PrefailCall() {
+    const kx::test::UnidirectionalCall materials;
+    fiberVolumeFraction = materials.fiberVolumeFraction;
+    matrix = materials.matrix;
+    fiber = materials.fiber;
+    lamina = materials.lamina;
+    shearStrength = 80e6;
+    pointCount = 20;
     const kx::SecantLaw law{5e9, -8e-9, 1.16, 20e6};
-    for (int i = 1; i <= 20; ++i) {
+    for (int i = 1; i <= pointCount; ++i) {
       stress.push_back(4e6 * i);
       strain.push_back(law.strainAt(4e6 * i));
     }
-  }
-  void run(std::int32_t count) {
-    PREFAIL(&materials.fiberFraction,
-            materials.matrix.data(),
-            materials.fiber.data(),
-            materials.lamina.data(),
-            &strength,
-            stress.data(),
-            strain.data(),
-            &count,
-            &m,
-            &b,
-            &thr,
-            c2mdeg.data(),
-            &failed,
-            &code);
   }
 };
 
 TEST(Prefail, WritesTheLawAndTheMatrixDegradation) {
   PrefailCall call;
-  call.run(20);
-  EXPECT_EQ(call.failed, 0);
-  EXPECT_EQ(call.code, 0);
-  EXPECT_NEAR(call.m / -8e-9, 1.0, 1e-6);
-  EXPECT_NEAR(call.b / 1.16, 1.0, 1e-6);
-  EXPECT_NEAR(call.thr / 20e6, 1.0, 1e-6);
-  const auto expected = kx::unidirectionalMatrixDegradation(
-      0.6, call.materials.fiber[6], call.materials.matrix[6], 1.16 - 8e-9 * 80e6);
+  call.run();
+  EXPECT_EQ(call.failed.value(), 0);
+  EXPECT_EQ(call.code.value(), 0);
+  EXPECT_NEAR(call.m.value() / -8e-9, 1.0, 1e-6);
+  EXPECT_NEAR(call.b.value() / 1.16, 1.0, 1e-6);
+  EXPECT_NEAR(call.thr.value() / 20e6, 1.0, 1e-6);
+  const auto expected =
+      kx::unidirectionalMatrixDegradation(0.6, call.fiber[6], call.matrix[6], 1.16 - 8e-9 * 80e6);
   for (std::size_t i = 0; i < 3; ++i) {
     EXPECT_NEAR(call.c2mdeg[i], expected[i], 1e-6) << i;
   }
@@ -60,15 +42,15 @@ TEST(Prefail, WritesTheLawAndTheMatrixDegradation) {
 
 TEST(Prefail, SaysWhyACurveIsRefused) {
   PrefailCall low;
-  low.strength = 100e6;
-  low.run(20);
-  EXPECT_EQ(low.failed, 1);
-  EXPECT_EQ(low.code, 1);
+  low.shearStrength = 100e6;
+  low.run();
+  EXPECT_EQ(low.failed.value(), 1);
+  EXPECT_EQ(low.code.value(), 1);
   PrefailCall linear;
   linear.strain = linear.stress;
-  linear.run(20);
-  EXPECT_EQ(linear.failed, 1);
-  EXPECT_EQ(linear.code, 2);
+  linear.run();
+  EXPECT_EQ(linear.failed.value(), 1);
+  EXPECT_EQ(linear.code.value(), 2);
 }
 
 TEST(Prefail, AbsurdCountsAreNoPoints) {
@@ -77,9 +59,10 @@ TEST(Prefail, AbsurdCountsAreNoPoints) {
                                    std::numeric_limits<std::int32_t>::min(),
                                    std::numeric_limits<std::int32_t>::max()}) {
     PrefailCall call;
-    call.run(count);
-    EXPECT_EQ(call.failed, 1) << count;
-    EXPECT_EQ(call.code, 1) << count;
+    call.pointCount = count;
+    call.run();
+    EXPECT_EQ(call.failed.value(), 1) << count;
+    EXPECT_EQ(call.code.value(), 1) << count;
   }
 }
 
