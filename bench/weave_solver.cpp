@@ -30,7 +30,17 @@ bool isInTow(const double across, const double height, const double centre) {
   return a * a + b * b <= 1.0;
 }
 
-/// 2 x 2 x 0.5, four sinusoidal tows, voxels taken at their centres, overlap to the warp.
+/// The material at a point of a cell 2 x 2 x 0.5 with four sinusoidal tows: 1 fill, which also has
+/// what both would take, 2 warp, 0 matrix.
+std::int32_t materialAt(const double x, const double y, const double z) {
+  const double pi = std::acos(-1.0);
+  const double fill = 0.125 * std::cos(pi * (x - 0.5));
+  const double warp = 0.125 * std::cos(pi * (y - 0.5));
+  if (isInTow(y - 0.5, z, fill) || isInTow(y - 1.5, z, -fill)) return 1;
+  return isInTow(x - 0.5, z, -warp) || isInTow(x - 1.5, z, warp) ? 2 : 0;
+}
+
+/// The cell of materialAt(), with voxels taken at their centres.
 MaterialField ellipticWeave(const int n, const int n3) {
   const kx::GridShape shape{n, n, n3, 2.0 / n, 2.0 / n, 0.5 / n3};
   MaterialField field(shape);
@@ -38,23 +48,11 @@ MaterialField ellipticWeave(const int n, const int n3) {
   addTo(field, kx::isotropic(3.5e9, 0.35, 0.0), Frame::Identity());
   addTo(field, tow, kx::fillFrame(0.0));
   addTo(field, tow, kx::warpFrame(0.0));
-  const double pi = std::acos(-1.0);
   for (int i = 0; i < n; ++i) {
     for (int j = 0; j < n; ++j) {
       for (int k = 0; k < n3; ++k) {
-        const double x = (i + 0.5) * shape.h1;
-        const double y = (j + 0.5) * shape.h2;
-        const double z = (k + 0.5) * shape.h3 - 0.25;
-        std::int32_t material = 0;
-        for (int t = 0; t < 2; ++t) {
-          const double sign = t == 0 ? 0.125 : -0.125;
-          if (isInTow(x - t - 0.5, z, -sign * std::cos(pi * (y - 0.5)))) material = 2;
-        }
-        for (int t = 0; t < 2; ++t) {
-          const double sign = t == 0 ? 0.125 : -0.125;
-          if (isInTow(y - t - 0.5, z, sign * std::cos(pi * (x - 0.5)))) material = 1;
-        }
-        field.addVoxel(material);
+        field.addVoxel(
+            materialAt((i + 0.5) * shape.h1, (j + 0.5) * shape.h2, (k + 0.5) * shape.h3 - 0.25));
       }
     }
   }

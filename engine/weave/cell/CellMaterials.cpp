@@ -1,5 +1,7 @@
 #include "weave/cell/CellMaterials.h"
 
+#include <utility>
+
 namespace kx {
 
 namespace {
@@ -21,8 +23,8 @@ bool isPure(const std::array<double, kCellPhases>& fractions, std::size_t& phase
   return false;
 }
 
-CellMaterials::CellMaterials(const UnitCell& cell, const CellConstituents& constituents)
-    : cell_(cell), constituents_(constituents), field_(cell.shape()) {
+CellMaterials::CellMaterials(const UnitCell& cell, CellConstituents constituents)
+    : cell_(cell), constituents_(std::move(constituents)), field_(cell.shape()) {
   inclineTows();
   fillVoxels();
 }

@@ -27,7 +27,7 @@ struct InclinedTow {
 /// What fills the voxels of a unit cell.
 class CellMaterials {
  public:
-  CellMaterials(const UnitCell& cell, const CellConstituents& constituents);
+  CellMaterials(const UnitCell& cell, CellConstituents constituents);
 
   const MaterialField& field() const { return field_; }
   const UnitCell& cell() const { return cell_; }

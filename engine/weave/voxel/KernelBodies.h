@@ -10,7 +10,7 @@ namespace kx::kernels {
 namespace {
 
 // Four doubles: two voxels of a row, two lanes each. A pair: one voxel.
-constexpr int kWidth = 4;
+constexpr std::int64_t kWidth = 4;
 using Vec = double __attribute__((vector_size(8 * kWidth)));
 using Pair = double __attribute__((vector_size(16)));
 
@@ -311,15 +311,15 @@ inline int opposite(const SpectralJob& job, const int k1) {
 
 // Inverse of the reference stiffness at the wave vectors (k1, +-k2, all k3): six rows of n3.
 inline void inverseRow(const SpectralJob& job, const int row, const int k1, double* const out) {
-  const int at = row == 0 ? k1 : opposite(job, k1);
+  const std::int64_t at = row == 0 ? k1 : opposite(job, k1);
   const double sign = row == 0 ? 1.0 : -1.0;
   const double s1 = sign * job.axis1[2 * at];
   const double c1 = job.axis1[2 * at + 1];
   const double sin2 = sign * job.axis2[0];
   const double c2 = job.axis2[1];
   const double* const c = job.reference;
-  const int n3 = job.n3;
-  for (int k = 0; k < n3; ++k) {
+  const std::int64_t n3 = job.n3;
+  for (std::int64_t k = 0; k < n3; ++k) {
     const double s3 = job.axis3[2 * k];
     const double c3 = job.axis3[2 * k + 1];
     const double q1 = job.scale[0] * s1 * c2 * c3;
@@ -362,7 +362,7 @@ inline void lowerResidual(const SpectralJob& job, const int row, const int k1) {
     const double* const g =
         job.force[1 - row] + 2 * (component + std::int64_t{opposite(job, k1)} * job.n3);
     storePair(r, loadPair(r) - mean * loadPair(f) - conjugate * loadPair(g));
-    for (int k = 1; k < job.n3; ++k) {
+    for (std::int64_t k = 1; k < job.n3; ++k) {
       storePair(r + 2 * k,
                 loadPair(r + 2 * k) - mean * loadPair(f + 2 * k) -
                     conjugate * loadPair(g + 2 * (job.n3 - k)));
@@ -380,13 +380,13 @@ inline void descend(const SpectralJob& job,
                     const int k1,
                     const double* const inverse,
                     PairSums& sums) {
-  const int n3 = job.n3;
-  const std::int64_t component = 2 * std::int64_t{job.n1} * n3;
-  const double* const r = job.residual[row] + 2 * std::int64_t{k1} * n3;
-  const double* const g = job.residual[1 - row] + 2 * std::int64_t{opposite(job, k1)} * n3;
-  double* const f = job.force[row] + 2 * std::int64_t{k1} * n3;
-  for (int k = 0; k < n3; ++k) {
-    const int mirrored = k == 0 ? 0 : n3 - k;
+  const std::int64_t n3 = job.n3;
+  const std::int64_t component = 2 * n3 * job.n1;
+  const double* const r = job.residual[row] + 2 * n3 * k1;
+  const double* const g = job.residual[1 - row] + 2 * n3 * opposite(job, k1);
+  double* const f = job.force[row] + 2 * n3 * k1;
+  for (std::int64_t k = 0; k < n3; ++k) {
+    const std::int64_t mirrored = k == 0 ? 0 : n3 - k;
     const Pair r1 = loadPair(r + 2 * k);
     const Pair r2 = loadPair(r + component + 2 * k);
     const Pair r3 = loadPair(r + 2 * component + 2 * k);
