@@ -1,24 +1,22 @@
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <limits>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "driver/Contract.h"
 #include "fatigue/UnidirectionalFatigue.h"
 #include "lamina/Concentration.h"
+#include "support/Bits.h"
 
 namespace {
 
 using kx::test::UnidirectionalCall;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
-std::array<std::uint64_t, 12> bitsOf(const kx::test::Out<double, 12>& constants) {
-  std::array<std::uint64_t, 12> bits{};
-  std::memcpy(bits.data(), constants.data(), sizeof bits);
-  return bits;
+std::vector<unsigned char> bitsOf(const kx::test::Out<double, 12>& constants) {
+  return kx::test::bitsOf(constants.data(), constants.size());
 }
 
 TEST(UniOptimization, MeetsALaminaThatIsOne) {

@@ -1,15 +1,17 @@
 #include "fatigue/DirectionFit.h"
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <random>
 #include <utility>
 
 #include <gtest/gtest.h>
 
+#include "support/Bits.h"
+
 namespace {
 
+using kx::test::bitsOf;
 constexpr double kTemperature = 296.15;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -239,7 +241,7 @@ TEST(DirectionFit, OrderOfManyTestsDoesNotMatter) {
     std::swap(data.tests[i], data.tests[random() % (i + 1)]);
   }
   const auto shuffled = kx::fitDirection(data, kTemperature);
-  EXPECT_EQ(std::memcmp(&fit.constants, &shuffled.constants, sizeof fit.constants), 0);
+  EXPECT_EQ(bitsOf(fit.constants), bitsOf(shuffled.constants));
   EXPECT_EQ(fit.tests, shuffled.tests);
 }
 
@@ -247,8 +249,8 @@ TEST(DirectionFit, SameInputSameBits) {
   const auto data = exactData(constantsOf(121e3, 4.4e-4, 0.5), {0.1, -1.0});
   const auto first = kx::fitDirection(data, kTemperature);
   const auto second = kx::fitDirection(data, kTemperature);
-  EXPECT_EQ(std::memcmp(&first.constants, &second.constants, sizeof first.constants), 0);
-  EXPECT_EQ(std::memcmp(&first.standardErrors, &second.standardErrors, sizeof first.constants), 0);
+  EXPECT_EQ(bitsOf(first.constants), bitsOf(second.constants));
+  EXPECT_EQ(bitsOf(first.standardErrors), bitsOf(second.standardErrors));
 }
 
 }  // namespace

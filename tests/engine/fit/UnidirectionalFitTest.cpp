@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -10,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "lamina/UnidirectionalLamina.h"
+#include "support/Bits.h"
 #include "support/RandomMaterials.h"
 #include "support/ReferenceData.h"
 
@@ -382,8 +382,8 @@ TEST(UnidirectionalFit, ProgressCountsUpToTheReturnedIterations) {
 void expectUntouched(const UnidirectionalMaterials& given, const UnidirectionalFitResult& result) {
   for (const auto member : kPropertyOrder<double>) {
     // Bits, not values: a NaN that came in has to come out.
-    EXPECT_EQ(std::memcmp(&(given.fiber.*member), &(result.materials.fiber.*member), 8), 0);
-    EXPECT_EQ(std::memcmp(&(given.matrix.*member), &(result.materials.matrix.*member), 8), 0);
+    EXPECT_EQ(test::bitsOf(given.fiber.*member), test::bitsOf(result.materials.fiber.*member));
+    EXPECT_EQ(test::bitsOf(given.matrix.*member), test::bitsOf(result.materials.matrix.*member));
   }
   for (const FitSummary& summary : {result.mechanical, result.thermal}) {
     EXPECT_EQ(summary.termination, Termination::failed);

@@ -2,16 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include "support/Bits.h"
 #include "support/ReferenceData.h"
 
 namespace {
 
+using kx::test::bitsOf;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
@@ -220,7 +221,7 @@ TEST(ShearCurve, OrderSignAndDuplicatesDoNotMatter) {
   }
   curve.points.front().stress *= -1.0;
   const auto shuffled = kx::reduceShearCurve(curve.points, curve.strength).law;
-  EXPECT_EQ(std::memcmp(&shuffled, &expected, sizeof expected), 0);
+  EXPECT_EQ(bitsOf(shuffled), bitsOf(expected));
 
   const kx::SecantLaw law{5e9, -8e-9, 1.16, 20e6};
   auto doubled = exactCurve(law, 80e6, 20);
@@ -237,7 +238,7 @@ TEST(ShearCurve, NumbersThatAreNoneAreDropped) {
     points.insert(points.begin(), {30e6, bad});
   }
   const auto found = kx::reduceShearCurve(points, 80e6).law;
-  EXPECT_EQ(std::memcmp(&found, &expected, sizeof expected), 0);
+  EXPECT_EQ(bitsOf(found), bitsOf(expected));
 }
 
 TEST(ShearCurve, WhatFollowsTheStrengthIsNotLookedAt) {
@@ -247,7 +248,7 @@ TEST(ShearCurve, WhatFollowsTheStrengthIsNotLookedAt) {
   points.push_back({40e6, 0.05});
   points.push_back({10e6, 0.06});
   const auto found = kx::reduceShearCurve(points, 80e6).law;
-  EXPECT_EQ(std::memcmp(&found, &expected, sizeof expected), 0);
+  EXPECT_EQ(bitsOf(found), bitsOf(expected));
 }
 
 TEST(ShearCurve, CurveBelowTheStrengthIsRefused) {
