@@ -72,7 +72,7 @@ TEST(Transform, PlaneFollowsTheDefinition) {
 }
 
 TEST(Transform, BackwardUndoesForwardButForTheNumberOfPoints) {
-  const std::vector<Complex> original = numbers(48 * 20);
+  const std::vector<Complex> original = numbers(std::size_t{48} * 20);
   std::vector<Complex> values = original;
   const auto plane = Transform::plane(48, 20);
   plane->forward(data(values));
