@@ -56,6 +56,11 @@ void fill(std::int32_t* const output, const int count) {
   }
 }
 
+template <class... Outputs>
+void fillEach(const int count, Outputs* const... outputs) {
+  (fill(outputs, count), ...);
+}
+
 /// One call in the log: the function, then a line for each argument.
 class Call {
  public:
@@ -126,9 +131,7 @@ void answerPrefail(double* const m,
                    double* const c2mdeg,
                    std::int32_t* const failed,
                    std::int32_t* const code) {
-  for (double* const constant : {m, b, thr}) {
-    fill(constant, 1);
-  }
+  fillEach(1, m, b, thr);
   fill(c2mdeg, 3);
   *code = setting("KXFAKE_PREFAIL", 0);
   *failed = setting("KXFAKE_PREFAIL_FLAG", *code != 0 ? 1 : 0);
@@ -332,10 +335,15 @@ void WEAVE_DAMAGE_STATE(int32_t* const pocketCode,
       .in("text3", text3)
       .in("zero", zero)
       .in("satin", satin);
-  for (double* const set :
-       {composite, matrixPocket, fill_, warp, fillFiber, fillMatrix, warpFiber, warpMatrix}) {
-    fill(set, kProperties);
-  }
+  fillEach(kProperties,
+           composite,
+           matrixPocket,
+           fill_,
+           warp,
+           fillFiber,
+           fillMatrix,
+           warpFiber,
+           warpMatrix);
   fill(unitCellBlock, 4 * kSlot);
   fill(fillBlock, 2 * kSlot);
   fill(warpBlock, 2 * kSlot);
