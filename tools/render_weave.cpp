@@ -45,11 +45,10 @@ std::string number(const double value) {
 /// Pixels of equal colour, drawn as one path of runs.
 class Raster {
  public:
-  Raster(const int columns, const int rows)
-      : columns_(columns), pixels_(static_cast<std::size_t>(columns * rows)) {}
+  Raster(const int columns, const int rows) : columns_(columns), pixels_(at(rows, 0)) {}
 
   void set(const int column, const int row, const Color& color) {
-    pixels_[static_cast<std::size_t>(row * columns_ + column)] = text(color);
+    pixels_[at(row, column)] = text(color);
   }
 
   void draw(const double left, const double top, const double width, const double height) const {
@@ -57,14 +56,10 @@ class Raster {
     std::map<std::string, std::string> paths;
     for (int row = 0; row < rows; ++row) {
       for (int begin = 0; begin < columns_;) {
-        const std::string& color = pixels_[static_cast<std::size_t>(row * columns_ + begin)];
+        const std::string& color = pixels_[at(row, begin)];
         int end = begin;
-        while (end < columns_ && pixels_[static_cast<std::size_t>(row * columns_ + end)] == color) {
-          ++end;
-        }
-        const std::string length = std::to_string(end - begin);
-        paths[color] += "M" + std::to_string(begin) + " " + std::to_string(row) + "h" + length +
-                        "v1h-" + length + "z";
+        while (end < columns_ && pixels_[at(row, end)] == color) ++end;
+        paths[color] += rectangle(begin, row, std::to_string(end - begin));
         begin = end;
       }
     }
@@ -78,6 +73,18 @@ class Raster {
   }
 
  private:
+  [[nodiscard]] std::size_t at(const int row, const int column) const {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+           static_cast<std::size_t>(column);
+  }
+
+  /// A path around a row of pixels.
+  static std::string rectangle(const int column, const int row, const std::string& length) {
+    std::string path = "M" + std::to_string(column);
+    path.append(" ").append(std::to_string(row)).append("h").append(length);
+    return path.append("v1h-").append(length).append("z");
+  }
+
   int columns_;
   std::vector<std::string> pixels_;
 };
@@ -129,7 +136,7 @@ void render(const kx::UnitCell& cell) {
       section.set(i, shape.n3 - 1 - k, mixed(cell.fractions(columnAt(cell, i, middle), k)));
     }
   }
-  std::cout << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << number(kWidth) << ' '
+  std::cout << R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 )" << number(kWidth) << ' '
             << number(kWidth + 12 + height) << "\">\n";
   above.draw(0, 0, kWidth, kWidth);
   section.draw(0, kWidth + 12, kWidth, height);

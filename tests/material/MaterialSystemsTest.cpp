@@ -14,8 +14,10 @@ TEST(MaterialSystems, NumbersStartAtOneInTheLibrarysOrder) {
   EXPECT_EQ(materialSystemCode("KFRP"), 3);
   std::int32_t number = 3;
   for (const std::string fiber : {"CFL", "CFI", "CFH", "GF", "KF"}) {
-    for (const std::string matrix : {"TSP", "TPP", "BMI"}) {
-      EXPECT_EQ(materialSystemCode(fiber + "-" + matrix), ++number) << fiber << " " << matrix;
+    for (const std::string matrix : {"-TSP", "-TPP", "-BMI"}) {
+      std::string system = fiber;
+      system += matrix;
+      EXPECT_EQ(materialSystemCode(system), ++number) << system;
     }
   }
   EXPECT_EQ(number, 18);
