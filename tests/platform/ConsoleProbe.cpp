@@ -28,7 +28,7 @@ DWORD exitCodeOf(const std::string& program) {
     return static_cast<DWORD>(-1);
   }
   WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD exitCode = static_cast<DWORD>(-1);
+  auto exitCode = static_cast<DWORD>(-1);
   GetExitCodeProcess(process.hProcess, &exitCode);
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);

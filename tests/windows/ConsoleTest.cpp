@@ -13,6 +13,8 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
+constexpr const char* kProbe = LAMCRAFT_WINDOWS_BUILD "/bin/console_probe.exe";
+
 struct ConsoleRun {
   std::string report;  ///< exit code of the program, and the console's code page thereafter
   std::string calls;   ///< calls of the console, as Wine traces them
@@ -26,7 +28,7 @@ ConsoleRun runInConsole(const std::string& locale) {
   process.arguments = {"-a",
                        LAMCRAFT_WINE,
                        "--console",
-                       LAMCRAFT_WINDOWS_BUILD "/bin/console_probe.exe",
+                       kProbe,
                        windowsPath(report),
                        windowsPath(windows.program())};
   // A Wine of its own: the server of the other tests runs without a display, and so would a
