@@ -1,8 +1,12 @@
 #include "composite/FramedComposite.h"
 
+#include <string>
+
+#include "composite/SolveCheck.h"
 #include "composite/SolveConsole.h"
 #include "composite/SolveMonitor.h"
 #include "composite/UnitConversion.h"
+#include "composite/model/LamcraftException.h"
 
 namespace lamcraft {
 
@@ -14,6 +18,10 @@ int FramedComposite::solve(const std::string& folder) {
   for (std::size_t i = 0; i < count; ++i) {
     printEnvironmentHeader(i + 1, count);
     solveEnvironment(folder, environments[i]);
+    if (!holdsNumbers(environments[i])) {
+      throw LamcraftException("The micromechanics library found no numbers for environment " +
+                              std::to_string(i + 1) + ".");
+    }
   }
   return 0;
 }
