@@ -29,8 +29,9 @@ void readNumbers(benchmark::State& state) {
   for (auto _ : state) {
     double sum = 0.0;
     for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
+      abqinp::DataRow row = keyword.row(line);
       for (std::size_t column = 0; column < 5; ++column) {
-        sum += keyword.doubleValue(line, column, 0.0);
+        sum += row.doubleValue(column, 0.0);
       }
     }
     benchmark::DoNotOptimize(sum);

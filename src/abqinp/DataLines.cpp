@@ -67,23 +67,8 @@ std::string_view DataLines::line(const std::size_t index) const {
   return text.substr(start, text.find('\n', start) - start);
 }
 
-std::optional<std::string_view> DataLines::value(const std::size_t line,
-                                                 const std::size_t column) const {
-  if (line >= count_) {
-    return std::nullopt;
-  }
-  std::string_view rest = this->line(line);
-  if (rest.empty()) {
-    return std::nullopt;
-  }
-  for (std::size_t skip = column; skip > 0; --skip) {
-    const std::size_t comma = rest.find(',');
-    if (comma == std::string_view::npos) {
-      return std::nullopt;
-    }
-    rest.remove_prefix(comma + 1);
-  }
-  return rest.substr(0, rest.find(','));
+DataRow DataLines::row(const std::size_t index) const {
+  return index < count_ ? DataRow(line(index)) : DataRow();
 }
 
 void DataLines::write(std::ostream& out) const {

@@ -4,17 +4,16 @@
 #include <cstddef>
 #include <iosfwd>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "abqinp/DataRow.h"
+
 namespace abqinp {
 
-/// The data lines of one keyword, kept as one text; a line is cut into its values on access.
-///
-/// The values of a line are what stands between its commas, so "1,2," has three and the blank line
-/// none. Memory: the text of the lines, if it is not shared, and one byte more for each line.
+/// The data lines of one keyword, kept as one text. Memory: the text of the lines, if it is not
+/// shared, and one byte more for each line.
 class DataLines {
  public:
   DataLines() = default;
@@ -28,8 +27,8 @@ class DataLines {
   [[nodiscard]] std::size_t count() const noexcept { return count_; }
   /// The line's text. Raises std::out_of_range ("Requested line does not exist").
   [[nodiscard]] std::string_view line(std::size_t index) const;
-  /// The value at (line, column), both from 0; none when the line or the column does not exist.
-  [[nodiscard]] std::optional<std::string_view> value(std::size_t line, std::size_t column) const;
+  /// The values of a line; none when there is no such line.
+  [[nodiscard]] DataRow row(std::size_t index) const;
 
   /// Writes every line, its values joined by ", ", and a line feed after each.
   void write(std::ostream& out) const;

@@ -1,7 +1,6 @@
 #include "abqinp/Keyword.h"
 
 #include <algorithm>
-#include <optional>
 #include <ostream>
 #include <sstream>
 #include <stdexcept>
@@ -59,21 +58,19 @@ double Keyword::parameterNumber(const std::string_view name) const {
 }
 
 bool Keyword::hasValue(const std::size_t line, const std::size_t column) const {
-  return data_.value(line, column).has_value();
+  return row(line).value(column).has_value();
 }
 
 std::int32_t Keyword::intValue(const std::size_t line,
                                const std::size_t column,
                                const std::int32_t defaultValue) const {
-  const std::string_view value = data_.value(line, column).value_or(std::string_view());
-  return value.empty() ? defaultValue : toInt(value);
+  return row(line).intValue(column, defaultValue);
 }
 
 double Keyword::doubleValue(const std::size_t line,
                             const std::size_t column,
                             const double defaultValue) const {
-  const std::string_view value = data_.value(line, column).value_or(std::string_view());
-  return value.empty() ? defaultValue : toDouble(value);
+  return row(line).doubleValue(column, defaultValue);
 }
 
 void Keyword::requireValue(const std::size_t line, const std::size_t column) const {

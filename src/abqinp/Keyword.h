@@ -57,6 +57,8 @@ class Keyword {
   [[nodiscard]] std::size_t lineCount() const noexcept { return data_.count(); }
   /// Whether the position exists; a position may hold an empty value.
   [[nodiscard]] bool hasValue(std::size_t line, std::size_t column) const;
+  /// A line's values, for who wants several of them: finding the line takes longer than a number.
+  [[nodiscard]] DataRow row(const std::size_t line) const { return data_.row(line); }
   /// The number at a position; the default when there is none or its value is empty.
   [[nodiscard]] std::int32_t intValue(std::size_t line,
                                       std::size_t column,

@@ -95,9 +95,8 @@ double outOfRange(const std::string_view extent, const std::string_view text) {
   return value;
 }
 
-}  // namespace
-
-double toDouble(const std::string_view text) {
+/// As the stream extracts it, step by step.
+double extracted(const std::string_view text) {
   const std::string_view extent = withoutPlus(floatExtent(text));
   double value = 0.0;
   const auto result = std::from_chars(extent.data(), extent.data() + extent.size(), value);
@@ -108,6 +107,23 @@ double toDouble(const std::string_view text) {
     fail(text);
   }
   return value;
+}
+
+}  // namespace
+
+double toDouble(const std::string_view text) {
+  // Where digits come first, both agree but for an exponent without digits and the limits.
+  const std::size_t sign = text.empty() || text.front() != '-' ? 0 : 1;
+  if (text.size() > sign && isDigit(text[sign])) {
+    const char* const end = text.data() + text.size();
+    double value = 0.0;
+    const auto result = std::from_chars(text.data(), end, value);
+    const bool isCut = result.ptr != end && (*result.ptr == 'e' || *result.ptr == 'E');
+    if (result.ec == std::errc() && !isCut) {
+      return value;
+    }
+  }
+  return extracted(text);
 }
 
 std::int32_t toInt(const std::string_view text) {

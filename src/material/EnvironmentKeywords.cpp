@@ -142,9 +142,8 @@ void onSnData(Material& material) {
   const abqinp::Keyword& keyword = material.keyword();
   auto& records = material.lastEnvironment().snRecords;
   for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
-    const auto value = [&](const std::size_t column) {
-      return keyword.doubleValue(line, column, 0.0);
-    };
+    abqinp::DataRow row = keyword.row(line);
+    const auto value = [&row](const std::size_t column) { return row.doubleValue(column, 0.0); };
     if (std::abs(value(1)) < 1.0) {
       continue;
     }
@@ -156,8 +155,9 @@ void onNonlinearShear(Material& material) {
   const abqinp::Keyword& keyword = material.keyword();
   EnvironmentRecord& environment = material.lastEnvironment();
   for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
-    environment.shearStress.push_back(keyword.doubleValue(line, 0, 0.0));
-    environment.shearStrain.push_back(keyword.doubleValue(line, 1, 0.0));
+    abqinp::DataRow row = keyword.row(line);
+    environment.shearStress.push_back(row.doubleValue(0, 0.0));
+    environment.shearStrain.push_back(row.doubleValue(1, 0.0));
   }
 }
 

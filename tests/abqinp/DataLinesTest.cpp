@@ -22,27 +22,6 @@ DataLines linesOf(const std::vector<std::string>& lines) {
   return data;
 }
 
-std::vector<std::string> valuesOf(const std::string& line) {
-  const DataLines data = linesOf({"0", line, "9"});
-  std::vector<std::string> values;
-  while (const auto value = data.value(1, values.size())) {
-    values.emplace_back(*value);
-  }
-  return values;
-}
-
-TEST(DataLines, CutsAtEveryComma) {
-  EXPECT_THAT(valuesOf("1,2"), ElementsAre("1", "2"));
-  EXPECT_THAT(valuesOf("1,2,"), ElementsAre("1", "2", ""));
-  EXPECT_THAT(valuesOf(",,1"), ElementsAre("", "", "1"));
-  EXPECT_THAT(valuesOf(","), ElementsAre("", ""));
-  EXPECT_THAT(valuesOf("\"a,b\""), ElementsAre("\"a", "b\""));
-}
-
-TEST(DataLines, HasNoValuesInABlankLine) {
-  EXPECT_THAT(valuesOf(""), ElementsAre());
-}
-
 TEST(DataLines, FindsEveryLine) {
   DataLines data;
   for (int i = 0; i < 100; ++i) {
@@ -56,7 +35,8 @@ TEST(DataLines, FindsEveryLine) {
 
 TEST(DataLines, RefusesALineThatDoesNotExist) {
   const DataLines data = linesOf({"1"});
-  EXPECT_EQ(data.value(1, 0), std::nullopt);
+  EXPECT_EQ(data.row(0).value(0), "1");
+  EXPECT_EQ(data.row(1).value(0), std::nullopt);
   try {
     static_cast<void>(data.line(1));
     FAIL() << "there is no second line";
