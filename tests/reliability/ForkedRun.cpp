@@ -99,9 +99,12 @@ Ending runForked(const std::vector<std::string>& arguments,
   return ForkedRun(arguments, folder, prepare).wait();
 }
 
+bool isAdministrator() {
+  return geteuid() == 0;
+}
+
 void becomeNobody() {
-  constexpr id_t kNobody = 65534;
-  if (geteuid() != 0) return;
+  if (!isAdministrator()) return;
   if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) {
     throw std::runtime_error("cannot become another user");
   }

@@ -46,6 +46,12 @@ Ending runForked(
     const std::string& folder,
     const std::function<void()>& prepare = [] {});
 
+/// The user who owns nothing.
+inline constexpr uid_t kNobody = 65534;
+
+/// Whether permissions do not bind the test, which may give files away and become another user.
+bool isAdministrator();
+
 /// For `prepare`: gives up the rights of the administrator, whom permissions do not bind.
 void becomeNobody();
 

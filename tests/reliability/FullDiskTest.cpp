@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -103,10 +104,28 @@ TEST_F(FullDisk, IsReportedWhenTheDeckCannotBeWritten) {
                        "Could not write file out/input.qdk.part\n"));
 }
 
+/// Writes the text in one piece, as the files of /proc want it.
+bool put(const char* const path, const std::string& text) {
+  std::ofstream file(path);
+  file << text << std::flush;
+  return file.good();
+}
+
+/// For a child: mounts of its own. Who is not the administrator becomes it among users of its own,
+/// in which no file has an owner, and none can be created, until its own user is there.
+bool becomeAlone() {
+  if (unshare(CLONE_NEWNS) == 0) return true;
+  const std::string user = std::to_string(geteuid());
+  const std::string group = std::to_string(getegid());
+  return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && put("/proc/self/setgroups", "deny") &&
+         put("/proc/self/uid_map", user + " " + user + " 1") &&
+         put("/proc/self/gid_map", group + " " + group + " 1");
+}
+
 /// For a child: a disk of its own of `pages` pages at `folder`, seen by nobody else. False where
 /// the system lets nobody have that.
 bool mountDisk(const fs::path& folder, const std::size_t pages) {
-  const bool isAlone = unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+  const bool isAlone = becomeAlone();
   const std::string size =
       "size=" + std::to_string(pages * static_cast<std::size_t>(getpagesize()));
   return isAlone && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
