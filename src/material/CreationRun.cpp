@@ -104,7 +104,8 @@ void Material::stageDeck(platform::StagedFile& file) const {
   write(file.part(), true);
 }
 
-/// That a data file cannot be saved is not reported: it is missing then.
+/// That a data file cannot be saved, not even begun, is not reported: it is missing then. An old
+/// one goes all the same, since one that stays would pass for the new one.
 void Material::stageData(platform::StagedFile& file, const DataFile kind) const {
   if (file.create() && !composite_->write(file.part(), kind)) {
     file.discard();
@@ -125,6 +126,7 @@ void Material::writeFiles(const std::string& folder) const {
   }
 
   const platform::FolderLock lock(folder);
+  if (!mayWrite(folder)) return;  // another run has brought its material to an end meanwhile
   requireRemoval(materialData);
   if (composite_->presence.snData) {
     requireRemoval(fatigueData);

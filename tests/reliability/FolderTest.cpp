@@ -55,11 +55,12 @@ class Folder : public testing::Test {
     return runForked({"deck.qdk", "out"}, folder_.path().string(), prepare);
   }
 
-  /// Starts a run and waits until it solves, which then takes a while.
-  std::unique_ptr<ForkedRun> solving(const std::function<void()>& prepare = [] {}) {
+  /// Starts a run and waits until it solves, which then takes so many milliseconds.
+  std::unique_ptr<ForkedRun> solving(
+      const std::function<void()>& prepare = [] {}, const std::string& duration = "300") {
     const fs::path calls = folder_.write("calls.txt", "");
     fs::permissions(calls, fs::perms::all);
-    setVariable("KXFAKE_SLEEP_MS", "300");
+    setVariable("KXFAKE_SLEEP_MS", duration);
     setVariable("KXFAKE_LOG", calls.string());
     auto run = std::make_unique<ForkedRun>(
         std::vector<std::string>{"deck.qdk", "out"}, folder_.path().string(), prepare);
@@ -134,6 +135,27 @@ TEST_F(Folder, ThatBecomesReadOnlyDuringTheSolveKeepsWhatItHolds) {
   fs::permissions(out_, kReadOnly);
   expectUnopened(running->wait(), "out/input.qdk");
   EXPECT_EQ(filesIn(out_), old_);
+}
+
+TEST_F(Folder, ThatAnotherRunFillsDuringTheSolveIsNotOverwritten) {
+  UniDeck slow = completeDeck();
+  UniDeck quick = completeDeck("0.5");
+  for (UniDeck* const deck : {&slow, &quick}) {
+    deck->material = "*MATERIAL, TYPE=UNI, SYSTEM=XYZ, NAME=PLY\n1\n";  // no OVERWRITE
+  }
+  folder_.write("deck.qdk", slow.text());
+  folder_.write("quick.qdk", quick.text());
+  const auto running = solving([] {}, "1500");  // many times what the quick one takes
+  removeVariable("KXFAKE_SLEEP_MS");
+  EXPECT_EQ(runForked({"quick.qdk", "out"}, folder_.path().string()).exitCode, 0);
+  const Files quickOnes = filesIn(out_);
+  EXPECT_EQ(quickOnes, undisturbed(quick));
+  const Ending ending = running->wait();
+  EXPECT_EQ(ending.exitCode, 0);
+  EXPECT_THAT(ending.out,
+              EndsWith("FATAL ERROR: The target mdata already exists: out/mdata.xml\nUse the "
+                       "OVERWRITE parameter with *MATERIAL to overwrite this file\n"));
+  EXPECT_EQ(filesIn(out_), quickOnes) << "and no parts";
 }
 
 TEST_F(Folder, CopyOfTheDeckThatMayNotBeWrittenStays) {
