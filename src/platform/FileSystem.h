@@ -28,12 +28,14 @@ bool isFolder(const std::string& path);
 /// that carries any other attribute, such as the archive bit, has not.
 bool isNormalFile(const std::string& path);
 
-/// Creates one folder with default access; its parent must exist. True when it has been created.
+/// Creates one folder with default access, in which its owner may read and write all the same; its
+/// parent must exist. True when it has been created.
 bool createFolder(const std::string& path);
 
 /// Whether reading what is at `path` comes to an end, as that of a file does, or of a pipe or a
 /// terminal that the program was handed. Not so a FIFO of the file system, which may wait for a
-/// writer for good, and devices that never run dry. True where there is nothing.
+/// writer for good, and devices that never run dry or wait for nobody. True where there is nothing,
+/// and for files of the system that look as any other does, such as "/proc/kmsg".
 bool hasAnEnd(const std::string& path);
 
 /// Whether a file can be written at `path` as far as what stands there is concerned: nothing, or
@@ -46,7 +48,8 @@ std::string fileBehind(const std::string& path);
 
 enum class Creation { done, taken, failed };
 
-/// Creates an empty file; `taken` when there is something of that name.
+/// Creates an empty file with default access, which its owner may read and write all the same;
+/// `taken` when there is something of that name.
 Creation createFile(const std::string& path);
 
 /// Puts the file at `from` in the place of what is at `to`, at once: at no moment there is neither,

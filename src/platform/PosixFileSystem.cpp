@@ -28,7 +28,7 @@ std::unique_ptr<char, Free> withoutLinks(const std::string& path) {
 bool isTerminal(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
   if (file < 0) return false;
-  const bool isOne = isatty(file) == 1;
+  const bool isOne = isatty(file) == 1 && ptsname(file) == nullptr;  // no master of a new one
   close(file);
   return isOne;
 }
@@ -86,7 +86,12 @@ std::optional<std::uint32_t> fileAttributes(const std::string& path) {
 
 bool createFolder(const std::string& path) {
   constexpr mode_t kDefaultAccess = 0777;  // less what the user's mask takes away
-  return mkdir(path.c_str(), kDefaultAccess) == 0;
+  constexpr mode_t kBits = 07777;
+  struct stat status {};
+  if (mkdir(path.c_str(), kDefaultAccess) != 0) return false;
+  const bool isNarrow = stat(path.c_str(), &status) == 0 && (status.st_mode & S_IRWXU) != S_IRWXU;
+  if (isNarrow) chmod(path.c_str(), (status.st_mode & kBits) | S_IRWXU);
+  return true;
 }
 
 bool hasAnEnd(const std::string& path) {
@@ -111,9 +116,13 @@ std::string fileBehind(const std::string& path) {
 }
 
 Creation createFile(const std::string& path) {
-  constexpr mode_t kDefaultAccess = 0666;  // less what the user's mask takes away
+  constexpr mode_t kDefaultAccess = 0666;       // less what the user's mask takes away
+  constexpr mode_t kOwner = S_IRUSR | S_IWUSR;  // but for this, or nobody could write it
   const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kDefaultAccess);
   if (file < 0) return errno == EEXIST ? Creation::taken : Creation::failed;
+  struct stat status {};
+  const bool isNarrow = fstat(file, &status) == 0 && (status.st_mode & kOwner) != kOwner;
+  if (isNarrow) fchmod(file, (status.st_mode & kDefaultAccess) | kOwner);
   close(file);
   return Creation::done;
 }

@@ -8,11 +8,23 @@ namespace lamcraft::platform {
 
 namespace {
 
-/// How many names of parts are tried: as many as killed processes may have left.
-constexpr int kNames = 1000;
+/// How many names of parts are tried: far more than killed processes may have left. Trying one
+/// takes microseconds.
+constexpr int kNames = 100000;
 
 std::string partName(const std::string& path, const int number) {
   return path + ".part" + (number == 1 ? std::string() : std::to_string(number));
+}
+
+/// Creates a part beside the file at `path`; answers no name where that cannot be.
+std::string newPart(const std::string& path) {
+  for (int number = 1; number <= kNames; ++number) {
+    std::string name = partName(path, number);
+    const Creation creation = createFile(name);
+    if (creation == Creation::done) return name;
+    if (creation == Creation::failed) break;
+  }
+  return {};
 }
 
 }  // namespace
@@ -25,12 +37,9 @@ StagedFile::~StagedFile() {
 
 bool StagedFile::create() {
   discard();
-  for (int number = 1; number <= kNames; ++number) {
-    std::string name = partName(target_, number);
-    const Creation creation = createFile(name);
-    if (creation == Creation::done) part_ = std::move(name);
-    if (creation != Creation::taken) break;
-  }
+  part_ = newPart(target_);
+  // The folder that a link leads to may take no new file, though the old one there may be written.
+  if (part_.empty() && target_ != path_) part_ = newPart(path_);
   return !part_.empty();
 }
 

@@ -8,7 +8,8 @@ namespace lamcraft::platform {
 /// A file that is written under another name, "NAME.part" in the same folder, and takes its own
 /// name when it is whole: under that name, nobody ever finds half of it. A part that does not come
 /// to that is removed; one that a killed process has left is of no use to anybody. A link to a file
-/// is followed; whatever else has the name makes room, but for a folder. The new file has the owner
+/// is followed, and the part lies beside that file, or beside the link where that folder takes
+/// none; whatever else has the name makes room, but for a folder. The new file has the owner
 /// and the access of the old one. An old one that may be written but not replaced, such as another
 /// user's in a folder with the sticky bit, is written where it is: there, half can be found.
 class StagedFile {

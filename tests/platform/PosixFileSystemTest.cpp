@@ -13,6 +13,13 @@
 namespace lamcraft::platform {
 namespace {
 
+mode_t accessOf(const std::string& path) {
+  constexpr mode_t kBits = 07777;
+  struct stat status {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0);
+  return status.st_mode & kBits;
+}
+
 TEST(PosixFileSystem, FileHasTheNormalBitAlone) {
   const test::TemporaryFolder folder;
   const std::string file = folder.write("mdata.xml", "x");
@@ -24,12 +31,36 @@ TEST(PosixFileSystem, FoldersAreSeparatedBySlashes) {
   EXPECT_EQ(pathSeparator(), "/");
 }
 
+TEST(PosixFileSystem, OwnerMayUseWhatIsCreatedUnderAnyMask) {
+  const test::TemporaryFolder folder;
+  for (const mode_t mask : {0777U, 0222U, 0077U, 0022U, 0000U}) {
+    const std::string file = folder.file("file" + std::to_string(mask));
+    const std::string subfolder = folder.file("folder" + std::to_string(mask));
+    const mode_t before = umask(mask);
+    EXPECT_EQ(createFile(file), Creation::done);
+    EXPECT_TRUE(createFolder(subfolder));
+    umask(before);
+    EXPECT_EQ(accessOf(file), (0666U & ~mask) | 0600U);
+    EXPECT_EQ(accessOf(subfolder), (0777U & ~mask) | 0700U);
+  }
+}
+
+TEST(PosixFileSystem, SetGroupBitOfAFolderIsHandedOnUnderAnyMask) {
+  const test::TemporaryFolder folder;
+  ASSERT_EQ(chmod(folder.path().c_str(), 02700), 0);
+  const mode_t before = umask(0777);
+  EXPECT_TRUE(createFolder(folder.file("out")));
+  umask(before);
+  EXPECT_EQ(accessOf(folder.file("out")), 02700U);
+}
+
 TEST(PosixFileSystem, FifosAndEndlessDevicesHaveNoEnd) {
   const test::TemporaryFolder folder;
   const std::string fifo = folder.file("deck.qdk");
   ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
   EXPECT_FALSE(hasAnEnd(fifo));
   EXPECT_FALSE(hasAnEnd("/dev/zero"));
+  EXPECT_FALSE(hasAnEnd("/dev/ptmx"));
   EXPECT_TRUE(hasAnEnd("/dev/null"));
 }
 
@@ -67,17 +98,14 @@ TEST(PosixFileSystem, AccessIsThatOfTheOtherFile) {
   const test::TemporaryFolder folder;
   const std::string from = folder.write("from", "");
   const std::string to = folder.write("to", "");
-  struct stat status {};
   for (const mode_t access : {0640U, 0444U, 0666U}) {
     ASSERT_EQ(chmod(from.c_str(), access), 0);
     copyAccess(from, to);
-    ASSERT_EQ(stat(to.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777U, access);
+    EXPECT_EQ(accessOf(to), access);
   }
   copyAccess(folder.file("missing"), to);
   copyAccess("/dev/null", to);
-  ASSERT_EQ(stat(to.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0666U) << "nothing to take it from";
+  EXPECT_EQ(accessOf(to), 0666U) << "nothing to take it from";
 }
 
 }  // namespace

@@ -75,6 +75,18 @@ TEST(StagedFile, LeavesThePartsOfOthersAlone) {
   EXPECT_EQ(contentOf(other), "another run's");
 }
 
+TEST(StagedFile, FindsANameBesideThePartsOfManyKilledRuns) {
+  const TemporaryFolder folder;
+  constexpr int kParts = 1500;
+  const std::string first = folder.write("mdata.xml.part", "");
+  for (int i = 2; i <= kParts; ++i) {
+    ASSERT_EQ(createFile(first + std::to_string(i)), Creation::done);
+  }
+  StagedFile file(folder.file("mdata.xml"));
+  ASSERT_TRUE(file.create());
+  EXPECT_EQ(file.part(), first + std::to_string(kParts + 1));
+}
+
 TEST(StagedFile, DoesNotTakeTheNameOfAFolder) {
   const TemporaryFolder folder;
   fs::create_directory(folder.path() / "mdata.xml");

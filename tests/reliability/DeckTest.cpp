@@ -98,6 +98,7 @@ TEST_F(Deck, FromAPipeIsRead) {
 TEST_F(Deck, ThatIsAnEndlessDeviceCannotBeOpened) {
   expectUnopened(run("/dev/zero"), "/dev/zero");
   expectUnopened(run("/dev/urandom"), "/dev/urandom");
+  expectUnopened(run("/dev/ptmx"), "/dev/ptmx");  // a terminal, but a new one that nobody has
 }
 
 TEST_F(Deck, AtTheEndOfALoopOfLinksCannotBeOpened) {

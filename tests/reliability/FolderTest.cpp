@@ -209,6 +209,40 @@ TEST_F(Folder, LinksToFilesAreFollowed) {
   EXPECT_TRUE(fs::is_symlink(out_ / "mdata.xml"));
 }
 
+TEST_F(Folder, LinksIntoAFolderThatTakesNoFileAreFollowed) {
+  const fs::path elsewhere = folder_.path() / "elsewhere";
+  fs::create_directory(elsewhere);
+  for (const auto& [name, content] : old_) {
+    folder_.write("elsewhere/" + name, content);
+    fs::permissions(elsewhere / name, kEverybody);
+    fs::create_symlink("../elsewhere/" + name, out_ / name);
+  }
+  fs::permissions(out_, fs::perms::all);
+  fs::permissions(elsewhere, kReadOnly);
+  EXPECT_EQ(run(becomeNobody).exitCode, 0);
+  fs::permissions(elsewhere, fs::perms::owner_all);
+  EXPECT_EQ(filesIn(elsewhere), fresh_);
+  EXPECT_EQ(filesIn(out_), fresh_) << "and no parts";
+  EXPECT_TRUE(fs::is_symlink(out_ / "mdata.xml"));
+}
+
+TEST_F(Folder, UnderAnyMaskTakesFilesThatTheirOwnerMayWrite) {
+  fs::permissions(folder_.path(), fs::perms::all);
+  const auto masked = {std::pair{mode_t{0777}, 0600U}, std::pair{mode_t{0222}, 0644U}};
+  for (const auto& [mask, access] : masked) {
+    fs::remove_all(out_);
+    const Ending ending = run([taken = mask] {
+      becomeNobody();
+      umask(taken);
+    });
+    EXPECT_EQ(ending.exitCode, 0) << ending.out;
+    EXPECT_EQ(filesIn(out_), fresh_);
+    for (const auto& [name, content] : fresh_) {
+      EXPECT_EQ(fs::status(out_ / name).permissions(), fs::perms{access}) << name;
+    }
+  }
+}
+
 TEST_F(Folder, OldFilesHandTheirAccessOn) {
   fillWithOld();
   const auto access = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write;
