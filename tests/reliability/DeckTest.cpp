@@ -12,6 +12,7 @@
 #include <fstream>
 #include <random>
 #include <string>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,6 +25,7 @@ namespace lamcraft::test {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
 using testing::StartsWith;
 using namespace std::string_literals;
 
@@ -153,6 +155,21 @@ TEST_F(Deck, WithNulBytesInANameEndsTheNameThere) {
   EXPECT_EQ(files["mdata.xml"].substr(files["mdata.xml"].size() - 7), "</ZRN>\n");
 }
 
+TEST_F(Deck, WithBytesInANameThatXmlHasNotHandsThemOn) {
+  const std::string latin = "F\xc4SER";
+  const std::string control = "A\x01"s + "B\x1b";
+  for (const auto& [name, written] : {std::pair{latin, latin}, {control, "A&#x01;B&#x1B;"}}) {
+    UniDeck deck = completeDeck();
+    deck.material = "*MATERIAL, TYPE=UNI, SYSTEM=XYZ, NAME=" + name + ", OVERWRITE\n1\n";
+    EXPECT_EQ(runText(deck.text()).exitCode, 0);
+    Files files = filesIn(out_);
+    EXPECT_THAT(files["input.qdk"], HasSubstr("NAME=" + name + ", "));
+    for (const std::string file : {"mdata.xml", "fdata.xml"}) {
+      EXPECT_THAT(files[file], HasSubstr("<ZRN material=\"" + written + "\" ")) << file;
+    }
+  }
+}
+
 TEST_F(Deck, WithNulBytesForBlanksInNumbersIsRefusedOrRead) {
   UniDeck deck = completeDeck();
   deck.matrix = "*MATRIX, LAW=ISO\n\0004.2e9, 0.34, 45e-6\n"s;
@@ -182,7 +199,7 @@ TEST_F(Deck, CutAnywhereEndsWithAMessageOrWholeFiles) {
     ASSERT_EQ(ending.signal, 0);
     const Files files = filesIn(out_);
     if (ending.exitCode != 0) {
-      ASSERT_THAT(ending.out, testing::HasSubstr("FATAL ERROR: ")) << size;
+      ASSERT_THAT(ending.out, HasSubstr("FATAL ERROR: ")) << size;
       ASSERT_TRUE(files.empty()) << size;
     }
     for (const auto& [name, content] : files) {
