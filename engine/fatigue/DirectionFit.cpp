@@ -289,7 +289,7 @@ DirectionFit fitDirection(const DirectionData& data, double temperature) {
   fit.standardErrors = standardErrors(problem, unknowns, thermal, matrixStrength);
   fit.initialError = initial / std::log(10.0);
   fit.finalError = deviationOf(problem, unknowns) / std::log(10.0);
-  return isFinite(fit) ? fit : DirectionFit{};
+  return isFinite(fit) && fit.isFitted() ? fit : DirectionFit{};
 }
 
 }  // namespace kx

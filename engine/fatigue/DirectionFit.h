@@ -48,7 +48,8 @@ struct DirectionFit {
 /// (then healing is negligible at every stress).
 ///
 /// Without a strength the largest peak stands in for it, with e +- 0.5; without either, with a
-/// temperature or concentration that is no positive number, the constants are 0.
+/// temperature or concentration that is no positive number, or with tests that only a negative
+/// energy would explain (lives far below any loading time), the constants are 0.
 /// Beyond 256 usable tests an even selection over their stresses is fitted. temperature [K].
 DirectionFit fitDirection(const DirectionData& data, double temperature);
 

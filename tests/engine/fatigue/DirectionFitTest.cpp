@@ -177,6 +177,18 @@ TEST(DirectionFit, WhatCannotBeFittedGivesZeros) {
   EXPECT_EQ(kx::fitDirection({0.0, 1.0, {}}, kTemperature).constants.breakingEnergy, 0.0);
 }
 
+TEST(DirectionFit, NoBondHasANegativeEnergy) {
+  auto data = exactData(constantsOf(120e3, 4.5e-4, 0.5), {0.1});
+  for (auto& test : data.tests) {
+    test.cycles = 1e-300;  // outlives no attempt of a bond, let alone a load
+  }
+  const auto fit = kx::fitDirection(data, kTemperature);
+  EXPECT_FALSE(fit.isFitted());
+  EXPECT_EQ(fit.constants.breakingEnergy, 0.0);
+  EXPECT_EQ(fit.constants.loadTransfer, 0.0);
+  EXPECT_EQ(fit.tests, 0U);
+}
+
 TEST(DirectionFit, TheLargestPeakStandsInForAStrengthThatIsNotGiven) {
   auto data = exactData(constantsOf(120e3, 4.5e-4, 0.5), {0.1});
   for (const double strength : {0.0, -1.0, kNan}) {
