@@ -208,6 +208,9 @@ void WEAVE_DAMAGE_STATE(int32_t* pocketCode,
                                          materials.matrix,
                                          {*pocketCode, *fillCode, *warpCode},
                                          {*fiberDegradation, *matrixDegradation});
+      if (!kx::isAdmissible(state)) {
+        return;
+      }
       kx::copyTo(state.composite, composite);
       kx::copyTo(state.pocket, matrixPocket);
       kx::copyTo(state.fill, fill);

@@ -21,6 +21,13 @@ bool isFinite(const Properties& properties) noexcept {
                      [&](const auto member) { return std::isfinite(properties.*member); });
 }
 
+Properties withExpansionsOf(const Properties& other, Properties elastic) noexcept {
+  elastic.a11 = other.a11;
+  elastic.a22 = other.a22;
+  elastic.a33 = other.a33;
+  return elastic;
+}
+
 bool isAdmissible(const Properties& p) noexcept {
   if (!isFinite(p)) return false;
   const bool positiveModuli =

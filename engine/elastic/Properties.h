@@ -49,6 +49,9 @@ void copyTo(const Properties& properties, double* array) noexcept;
 /// True when all twelve numbers are finite.
 bool isFinite(const Properties& properties) noexcept;
 
+/// `elastic` with the expansions of another set.
+Properties withExpansionsOf(const Properties& other, Properties elastic) noexcept;
+
 /// True when all twelve numbers are finite and the elastic energy is positive for every strain:
 /// E and G > 0 and a positive definite compliance of the normal components (Lempriere 1968).
 bool isAdmissible(const Properties& properties) noexcept;

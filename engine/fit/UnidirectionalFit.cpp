@@ -47,12 +47,11 @@ MechanicalFit fitElastic(const double fiberFraction,
 Properties laminaOf(const Constituents& materials,
                     const double fiberFraction,
                     const Properties& given) {
-  auto lamina = properties(homogenise(materials.fiber, materials.matrix, fiberFraction).effective);
+  const auto lamina =
+      properties(homogenise(materials.fiber, materials.matrix, fiberFraction).effective);
   if (isAdmissible(lamina)) return lamina;
-  lamina.a11 = given.a11;
-  lamina.a22 = given.a22;
-  lamina.a33 = given.a33;
-  return isAdmissible(lamina) ? lamina : given;
+  const auto elastic = withExpansionsOf(given, lamina);
+  return isAdmissible(elastic) ? elastic : given;
 }
 
 bool givesALamina(const Constituents& materials, const double fiberFraction) {

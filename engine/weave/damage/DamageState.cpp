@@ -38,7 +38,21 @@ Tow towIn(const std::int32_t code,
   return tow;
 }
 
+bool isFinite(const Concentration& phase) noexcept {
+  return phase.strain.allFinite() && phase.thermalStrain.allFinite() && phase.stress.allFinite() &&
+         phase.thermalStress.allFinite();
+}
+
 }  // namespace
+
+bool isAdmissible(const DamageState& state) noexcept {
+  const auto admissible = [](const auto&... sets) { return (... && isAdmissible(sets)); };
+  const auto finite = [](const auto&... phases) { return (... && isFinite(phases)); };
+  return admissible(state.composite, state.pocket, state.fill, state.warp) &&
+         admissible(state.fillFiber, state.fillMatrix, state.warpFiber, state.warpMatrix) &&
+         finite(state.inPocket, state.inFill, state.inWarp, state.inInterface) &&
+         finite(state.fiberInFill, state.matrixInFill, state.fiberInWarp, state.matrixInWarp);
+}
 
 DamageState damageState(WeaveModel& model,
                         const WeaveDescription& weave,

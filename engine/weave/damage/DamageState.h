@@ -42,6 +42,10 @@ struct DamageState {
   Concentration fiberInWarp, matrixInWarp;
 };
 
+/// True when all constants are admissible and all concentrations finite: they are not where the
+/// materials lie near the ends of the range of numbers.
+bool isAdmissible(const DamageState& state) noexcept;
+
 /// Homogenises a woven ply in a damage state. A failed phase keeps its Poisson's ratios and
 /// expansions. The description must be sensible, fiber and matrix admissible.
 DamageState damageState(WeaveModel& model,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "fit/BoundedLeastSquares.h"
@@ -47,6 +48,7 @@ class FieldFit {
     Point point = solvedAt(Vector::Zero(), kLooseTolerance);
     MechanicalFit fit;
     fit.initialError = point.error;
+    if (!std::isfinite(fit.initialError)) return fit;
     const Vector balanced = followed(point);
     const bool consistent = point.error <= kConsistentError;
     fit.constituents = space_.at((consistent ? point.z : balanced).data());
@@ -180,8 +182,11 @@ ExpansionModel levinModel(WeaveModel& model,
   const Matrix6 compliance =
       sensitivity.stiffnessFor(phasesOf(uniform, weave.fiberFraction)).inverse();
   return [sensitivity, compliance, weave](const Constituents& materials) -> CompositeExpansion {
-    const auto cell =
-        cellConstituents(weave, WeaveConstituents::uniform(materials.fiber, materials.matrix));
+    const auto everywhere = WeaveConstituents::uniform(materials.fiber, materials.matrix);
+    if (!isThermalStressWithinRange(weave, everywhere)) {
+      return CompositeExpansion::Constant(std::numeric_limits<double>::quiet_NaN());
+    }
+    const auto cell = cellConstituents(weave, everywhere);
     Vector6 beta = Vector6::Zero();
     for (std::size_t r = 0; r < kCellPhases; ++r) {
       beta += sensitivity.strain[r].transpose() * cell.phases[r].beta;
@@ -204,7 +209,10 @@ WeaveFitResult unfitted(WeaveModel& model,
   WeaveFitResult result{given, failed, failed};
   const bool givesAPly =
       weave.isSensible() && isAdmissible(start.fiber) && isAdmissible(start.matrix);
-  if (givesAPly) result.materials.lamina = plyOf(model, weave, start);
+  if (givesAPly) {
+    const Properties ply = plyOf(model, weave, start);
+    if (isAdmissible(ply)) result.materials.lamina = ply;
+  }
   return result;
 }
 
@@ -214,6 +222,33 @@ FitSummary summary(const double initial,
                    const std::int32_t iterations) {
   const auto termination = final <= maximum ? Termination::converged : Termination::bestCompromise;
   return {termination, initial, final, iterations};
+}
+
+/// What was fitted, and the ply that it gives; `given` where that is beyond the range of numbers.
+WeaveFitResult fitted(WeaveModel& model,
+                      const WeaveDescription& weave,
+                      const WeaveMaterials& given,
+                      const Constituents& start,
+                      const MechanicalFit& mechanical,
+                      const ThermalFitResult& thermal,
+                      const FitOptions& options) {
+  Properties ply = plyOf(model, weave, thermal.constituents);
+  const double thermalError =
+      isAdmissible(ply) ? expansionError(ply, given.lamina) : thermal.summary.finalError;
+  if (!isAdmissible(ply)) ply = withExpansionsOf(given.lamina, ply);
+  const double elasticError = weaveError(ply, given.lamina);
+  if (!isAdmissible(ply) || !std::isfinite(elasticError)) {
+    return unfitted(model, weave, given, start);
+  }
+  return {{ply, properties(thermal.constituents.fiber), properties(thermal.constituents.matrix)},
+          summary(mechanical.initialError,
+                  elasticError,
+                  options.maximumMechanicalError,
+                  mechanical.fieldSolves),
+          summary(thermal.summary.initialError,
+                  std::isfinite(thermalError) ? thermalError : thermal.summary.finalError,
+                  options.maximumThermalError,
+                  thermal.summary.iterations)};
 }
 
 }  // namespace
@@ -238,24 +273,13 @@ WeaveFitResult fitWeave(WeaveModel& model,
   using Transverse = std::integral_constant<MatrixSymmetry, MatrixSymmetry::transverselyIsotropic>;
   const MechanicalFit mechanical =
       matrix.symmetry == MatrixSymmetry::isotropic ? fit(Isotropic{}) : fit(Transverse{});
+  if (!std::isfinite(mechanical.initialError)) return unfitted(model, weave, given, start);
   const ThermalFitResult thermal = fitExpansions(levinModel(model, weave, mechanical.constituents),
                                                  mechanical.constituents,
                                                  matrix.symmetry,
                                                  {target.a11, target.a22, target.a33},
                                                  options.maximumThermalError);
-  WeaveFitResult result;
-  result.materials = {plyOf(model, weave, thermal.constituents),
-                      properties(thermal.constituents.fiber),
-                      properties(thermal.constituents.matrix)};
-  result.mechanical = summary(mechanical.initialError,
-                              weaveError(result.materials.lamina, target),
-                              options.maximumMechanicalError,
-                              mechanical.fieldSolves);
-  result.thermal = summary(thermal.summary.initialError,
-                           expansionError(result.materials.lamina, target),
-                           options.maximumThermalError,
-                           thermal.summary.iterations);
-  return result;
+  return fitted(model, weave, given, start, mechanical, thermal, options);
 }
 
 }  // namespace kx

@@ -32,7 +32,8 @@ struct WeaveFitResult {
 ///
 /// When the numbers make no sense, the constituents come back as they were, with 0 iterations and a
 /// final error not below the initial one. The ply then is what they give if they give one, else the
-/// one that was passed in.
+/// one that was passed in. Numbers too large or too small for the model make no sense, either;
+/// where only the expansions are, those of the ply stay as they were passed in.
 WeaveFitResult fitWeave(WeaveModel& model,
                         const WeaveDescription& weave,
                         const WeaveMaterials& given,

@@ -1,5 +1,8 @@
 #include "weave/model/WeaveDescription.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "lamina/UnidirectionalLamina.h"
 
 namespace kx {
@@ -35,7 +38,9 @@ std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents&
           homogenise(constituents.warpFiber, constituents.warpMatrix, fiberFraction).effective};
 }
 
-CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveConstituents& given) {
+namespace {
+
+CellConstituents unlimited(const WeaveDescription& weave, const WeaveConstituents& given) {
   CellConstituents result;
   const auto phases = phasesOf(given, weave.fiberFraction);
   for (std::size_t r = 0; r < kCellPhases; ++r) {
@@ -43,6 +48,26 @@ CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveCons
     result.phases[r].beta = result.phases[r].c * expansion(properties(phases[r]));
   }
   return result;
+}
+
+bool isWithinRange(const CellConstituents& cell) {
+  return std::all_of(cell.phases.begin(), cell.phases.end(), [](const PhaseStiffness& phase) {
+    return std::isfinite(phase.beta.squaredNorm());
+  });
+}
+
+}  // namespace
+
+CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveConstituents& given) {
+  CellConstituents result = unlimited(weave, given);
+  if (!isWithinRange(result)) {
+    for (PhaseStiffness& phase : result.phases) phase.beta.setZero();
+  }
+  return result;
+}
+
+bool isThermalStressWithinRange(const WeaveDescription& weave, const WeaveConstituents& given) {
+  return isWithinRange(unlimited(weave, given));
 }
 
 }  // namespace kx

@@ -43,9 +43,14 @@ struct WeaveConstituents {
 std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents& constituents,
                                                         double fiberFraction);
 
-/// The same as the voxel model takes them.
+/// The same as the voxel model takes them. Thermal stresses that are not within range count as
+/// none: the fields of elastic load cases would be no numbers, either.
 CellConstituents cellConstituents(const WeaveDescription& weave,
                                   const WeaveConstituents& constituents);
+
+/// Whether the thermal stresses of the phases, and their squares, are within the range of numbers.
+bool isThermalStressWithinRange(const WeaveDescription& weave,
+                                const WeaveConstituents& constituents);
 
 }  // namespace kx
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace kx {
@@ -93,6 +94,18 @@ CellResponse exchanged(const CellResponse& solved, const int mirror) {
   return result;
 }
 
+/// Of a response whose thermal stresses are not within range.
+void forgetExpansion(CellResponse& response) {
+  static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  response.expansion.setConstant(kNone);
+  const auto forget = [](Concentration& phase) {
+    phase.thermalStrain.setConstant(kNone);
+    phase.thermalStress.setConstant(kNone);
+  };
+  std::for_each(response.phases.begin(), response.phases.end(), forget);
+  forget(response.interface);
+}
+
 }  // namespace
 
 WeaveModel::WeaveModel(const int threads) : team_(threads) {}
@@ -134,6 +147,8 @@ CellResponse WeaveModel::solve(const WeaveDescription& weave,
   cell.fields.cases.push_back(thermal.cases[0]);
   cell.fields.pairs.push_back(std::move(thermal.pairs[0]));
   remembered_.push_back({key, cellResponse(materials, cell.fields, team_)});
+  if (!isThermalStressWithinRange(weave, constituents))
+    forgetExpansion(remembered_.back().response);
   cell.fields.cases.pop_back();
   cell.fields.pairs.pop_back();
   if (remembered_.size() > kMostRemembered) remembered_.pop_front();

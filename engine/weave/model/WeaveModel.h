@@ -22,7 +22,7 @@ class WeaveModel {
   explicit WeaveModel(int threads);
 
   /// Effective properties and concentrations. The description must be sensible, the constituents
-  /// admissible.
+  /// admissible. Where thermal stresses are not within range, what is thermal is no number.
   CellResponse response(const WeaveDescription& weave, const WeaveConstituents& constituents);
 
   /// Sensitivity to the phases' constants, from the same fields as response().

@@ -96,6 +96,18 @@ TEST(WeaveDamageState, AnswersNonsenseWithZeros) {
   EXPECT_EQ(call.composite, kx::test::Twelve{});
 }
 
+TEST(WeaveDamageState, AnswersWhatOverflowsWithZeros) {
+  DamageCall call;
+  call.fiber[0] = 1e300;
+  call.run();
+  for (const double number : call.composite) {
+    EXPECT_EQ(number, 0.0);
+  }
+  for (const double number : call.unitCellBlock) {
+    EXPECT_EQ(number, 0.0);
+  }
+}
+
 TEST(WeaveOptimization, ReturnsThePlyOfTheFirstDamageState) {
   DamageCall truth;
   truth.run();

@@ -141,6 +141,40 @@ TEST(WeaveFit, NonsenseReturnsTheStartValues) {
   }
 }
 
+/// Materials near the ends of the range of numbers overflow in the model.
+TEST(WeaveFit, NumbersBeyondTheModelLeaveWhatWasGiven) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  const WeaveMaterials task = consistentTask(model, description);
+  std::vector<WeaveMaterials> cases(3, task);
+  cases[0].fiber.e11 = 1e300;
+  cases[1].matrix.e11 = 1e300;
+  cases[2].lamina.e22 = 1e-300;
+  for (const WeaveMaterials& given : cases) {
+    const WeaveFitResult fit = fitWeave(model, description, given, isotropicMatrix());
+    EXPECT_EQ(fit.materials.fiber.e11, given.fiber.e11);
+    EXPECT_EQ(fit.materials.matrix.e11, given.matrix.e11);
+    EXPECT_TRUE(isFinite(fit.materials.lamina));
+    EXPECT_EQ(fit.mechanical.termination, Termination::failed);
+    EXPECT_EQ(fit.mechanical.finalError, 1.0);
+    EXPECT_EQ(fit.mechanical.iterations, 0);
+  }
+}
+
+TEST(WeaveFit, ExpansionsBeyondTheModelStayThoseOfThePly) {
+  WeaveModel model(1);
+  const auto description = weave(1, {4, 4});
+  WeaveMaterials given = consistentTask(model, description);
+  given.fiber.a11 = 1e300;
+  const WeaveFitResult fit = fitWeave(model, description, given, isotropicMatrix());
+  EXPECT_LT(fit.mechanical.finalError, 1e-4);
+  EXPECT_TRUE(isAdmissible(fit.materials.lamina));
+  EXPECT_EQ(fit.materials.lamina.a11, given.lamina.a11);
+  EXPECT_TRUE(isAdmissible(fit.materials.fiber));
+  EXPECT_EQ(fit.thermal.iterations, 0);
+  EXPECT_TRUE(std::isfinite(fit.thermal.finalError));
+}
+
 TEST(WeaveFit, WrongUnitsStayFinite) {
   WeaveModel model(1);
   const auto description = weave(1, {4, 4});

@@ -90,6 +90,20 @@ TEST(WeaveModel, WhatItRememberedChangesNoBit) {
   expectSame(fresh.response(smallWeave(), softFill(0.1)), late);
 }
 
+/// The strain fields are remembered for the same moduli with other expansions.
+TEST(WeaveModel, ExpansionsBeyondTheRangeOfNumbersSpoilNoElasticField) {
+  WeaveModel model(1);
+  WeaveConstituents absurd = constituents();
+  absurd.fillFiber.a11 = 1e300;
+  const CellResponse overflown = model.response(smallWeave(), absurd);
+  EXPECT_TRUE(overflown.expansion.hasNaN());
+  EXPECT_TRUE(overflown.phases[kFill].thermalStress.hasNaN());
+  const CellResponse after = model.response(smallWeave(), constituents());
+  EXPECT_EQ(overflown.stiffness, after.stiffness);
+  WeaveModel fresh(1);
+  expectSame(after, fresh.response(smallWeave(), constituents()));
+}
+
 TEST(WeaveModel, DamageOfTheWarpIsDamageOfTheFillWithExchangedAxes) {
   for (const int harness : {1, 4, 5, 8}) {
     WeaveModel model(1);
