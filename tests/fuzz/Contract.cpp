@@ -1,22 +1,20 @@
 // The engine's C contract: any bits as the numbers of any sequence of its eleven functions. No call
-// crashes, loops, writes beside its outputs or answers with what is no number.
+// crashes, loops, writes beside its outputs, or answers otherwise than the engine promises.
 //
 // A call that solves a woven ply takes seconds. LAMCRAFT_FUZZ_WEAVES makes a target of its own from
 // this source that makes such calls; without it they are passed over.
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "driver/ContractCalls.h"
-#include "fit/MatrixSymmetry.h"
 #include "fuzz/CallInput.h"
+#include "fuzz/Promises.h"
 #include "fuzz/Target.h"
 #include "micromech/kxdriver.h"
-#include "weave/model/WeaveDescription.h"
 
 namespace lamcraft::fuzz {
 namespace {
@@ -46,36 +44,13 @@ constexpr std::array<double, 10> kStress{8e6, 16e6, 24e6, 32e6, 40e6, 48e6, 56e6
 constexpr std::array<double, 10> kStrain{
     0.0016, 0.0033, 0.0052, 0.0074, 0.0099, 0.0129, 0.0165, 0.0207, 0.0256, 0.0314};
 
-template <typename... Numbers>
-bool areFinite(const Numbers&... numbers) {
-  const auto isFinite = [](const double number) { return std::isfinite(number); };
-  return (... && std::all_of(numbers.begin(), numbers.end(), isFinite));
-}
-
-/// Of a fit of constituents, for which there are two pairs of errors and two counts.
-template <typename Call>
-void requireTwoFits(const Call& call) {
-  const auto& errors = call.errors;
-  const auto& iterations = call.iterations;
-  for (std::size_t fit = 0; fit < 2; ++fit) {
-    require(std::isfinite(errors[2 * fit]) && std::isfinite(errors[2 * fit + 1]) &&
-                errors[2 * fit] >= 0.0 && errors[2 * fit + 1] >= 0.0,
-            "errors are no less than zero, and finite");
-    require(errors[2 * fit + 1] <= errors[2 * fit] || iterations[fit] == 0,
-            "no fit ends worse than it started");
-    require(iterations[fit] >= 0, "iterations are counted");
+/// A slot of a decomposition: of its concentrations that of stress, the identity.
+constexpr std::array<double, test::kSlot> identitySlot() {
+  std::array<double, test::kSlot> slot{};
+  for (std::size_t row = 0; row < 6; ++row) {
+    slot[7 * row] = 1.0;
   }
-  require(errors[4] == test::kUntouched && errors[5] == test::kUntouched &&
-              iterations[2] == test::kUntouched,
-          "the fatigue fit's errors and iterations are left alone");
-}
-
-void requireAnswer(const test::ShearReduction& call) {
-  require(areFinite(call.m, call.b, call.thr, call.c2mdeg), "prefail constants are finite");
-  const auto failed = call.failed.value();
-  const auto code = call.code.value();
-  require((failed == 0 && code == 0) || (failed == 1 && code >= 1 && code <= 2),
-          "a curve is reduced, or there is a reason");
+  return slot;
 }
 
 /// One input: a few calls, of which the earlier set what the later ones find. Without
@@ -147,9 +122,9 @@ class Calls {
     call.strengths = input_.numbers(kStrengths);
     call.snCount = drawRows(kSnRecords, call.sn);
     call.fatigueRows = input_.numbers(Twelve{});
+    const auto before = call;
     call.run();
-    require(areFinite(call.fatigueRows), "fatigue constants are finite");
-    requireTwoFits(call);
+    requirePromised(before, call, isFlagged());
   }
 
   void prefail() {
@@ -157,7 +132,7 @@ class Calls {
     call.fiberVolumeFraction = input_.number(0.6);
     drawCurve(kLamina, call);
     call.run();
-    requireAnswer(call);
+    requirePromised(call);
   }
 
   void weaveOptimization() {
@@ -166,11 +141,12 @@ class Calls {
     call.fiber = input_.numbers(kFiber);
     call.matrix = input_.numbers(kMatrix);
     call.lamina = input_.numbers(kWovenLamina);
-    call.weave.zero = input_.number(std::int32_t{0});
-    call.weave.satin = input_.number(std::int32_t{0});
+    drawRest(call.weave);
     if (isToCall(call)) {
+      const auto before = call;
       call.run();
-      requireTwoFits(call);
+      isNoted_ = false;
+      requirePromised(before, call, isFlagged());
     }
   }
 
@@ -178,10 +154,10 @@ class Calls {
     test::WeavePrefail call;
     drawWeave(call.weave);
     drawCurve(kWovenLamina, call);
-    call.weave.satin = input_.number(std::int32_t{0});
+    drawRest(call.weave);
     if (isToCall(call)) {
       call.run();
-      requireAnswer(call);
+      requirePromised(call);
     }
   }
 
@@ -196,27 +172,29 @@ class Calls {
     call.fiber = input_.numbers(kFiber);
     call.matrix = input_.numbers(kMatrix);
     call.snCount = input_.number(std::int32_t{0});
-    call.weave.zero = input_.number(std::int32_t{0});
-    call.weave.satin = input_.number(std::int32_t{0});
-    if (!isToCall(call)) {
-      return;
+    drawRest(call.weave);
+    if (isToCall(call)) {
+      const auto before = call;
+      call.run();
+      requirePromised(before, call, isFlagged());
     }
-    call.run();
-    require(areFinite(call.composite, call.matrixPocket, call.fill, call.warp) &&
-                areFinite(call.fillFiber, call.fillMatrix, call.warpFiber, call.warpMatrix),
-            "the properties of a damage state are finite");
-    require(areFinite(call.unitCellBlock, call.fillBlock, call.warpBlock),
-            "concentrations are finite");
   }
 
+  /// Its only answer is that of the fatigue fit after it.
   void fatDcmpProps() {
+    constexpr std::int32_t kIntact = 1;
     test::FatDcmpProps call;
-    call.set = kFiber;
-    call.record = {input_.number(std::int32_t{1}), 0, 0, 0};
+    for (std::int32_t& word : call.record) {
+      word = input_.number(&word == call.record.begin() ? kIntact : 0);
+    }
     drawBlock(call.unitCellBlock);
     drawBlock(call.fillBlock);
     drawBlock(call.warpBlock);
+    for (auto& set : call.sets) {
+      set = input_.manyNumbers(kFiber);
+    }
     call.run();
+    isNoted_ = isNoted_ || call.record[0] == kIntact;
   }
 
   void fatiguePwOpti() {
@@ -228,21 +206,21 @@ class Calls {
     call.towFractions = weave.towFractions;
     call.fiberFractionInTow = weave.fiberFractionInTow;
     call.snCount = drawRows(kSnRecords, call.sn);
+    for (auto& row : call.rows) {
+      row = input_.numbers(std::array<double, 6>{});
+    }
     call.run();
-    const auto& [row1, row2, row3, row4] = call.rows;
-    require(areFinite(row1, row2, row3, row4), "fatigue constants are finite");
-    require(call.errors[4] >= 0.0 && call.errors[5] >= 0.0 && call.iterations.value() >= 0,
-            "fatigue errors are no less than zero");
-    require(call.errors[0] == test::kUntouched && call.errors[3] == test::kUntouched,
-            "the errors of other fits are left alone");
+    requirePromised(call, isNoted_);
+    isNoted_ = false;
   }
 
   void insituStatus() {
     test::Out<std::int32_t> iteration;
     test::Out<double> error;
     require(INSITU_STATUS(iteration.data(), error.data()) == 0, "the status is worth asking for");
-    require(iteration.value() >= -1 && error.value() >= 0.0,
-            "the status is an iteration and its error");
+    require(iteration.value() >= lastIteration_ && error.value() >= 0.0,
+            "the status is an iteration, which never goes back, and its error");
+    lastIteration_ = iteration.value();
   }
 
   void getDefProps() {
@@ -250,23 +228,19 @@ class Calls {
     test::Out<double, 12> fiber, matrix;
     test::Out<double> value, block;
     FHT_GETDEFPROPS(&system, fiber.data(), matrix.data(), value.data(), block.data());
-    require(areFinite(fiber, matrix, value, block), "default properties are finite");
+    requireDefaults(system, fiber, matrix);
+    require(value.value() == 0.0 && block.value() == 0.0, "nothing else has defaults");
   }
+
+  [[nodiscard]] bool isFlagged() const { return isotropic_ != 0; }
 
   /// Whether a call with a weave may be made: none that would be solved, unless asked for.
   template <typename Call>
   [[nodiscard]] bool isToCall(const Call& call) const {
-    if (kSolvesWeaves) {
-      return true;
-    }
-    kx::WeaveDescription weave;
-    weave.harness = call.weave.harness;
-    weave.fillFraction = call.weave.towFractions[0];
-    weave.warpFraction = call.weave.towFractions[1];
-    weave.fiberFraction = call.weave.fiberFractionInTow;
-    const auto start = kx::matrixStart(kx::propertiesFrom(call.matrix.data()), isotropic_ != 0);
-    return !weave.isSensible() || !kx::isAdmissible(start.constants) ||
-           !kx::isAdmissible(kx::transverselyIsotropic(kx::propertiesFrom(call.fiber.data())));
+    return kSolvesWeaves || !makesAPly(call.weave,
+                                       kx::propertiesFrom(call.fiber.data()),
+                                       kx::propertiesFrom(call.matrix.data()),
+                                       isFlagged());
   }
 
   void drawWeave(test::Weave& weave) {
@@ -274,33 +248,51 @@ class Calls {
     weave.harness = input_.number(kSolvesWeaves ? 1 : kNoHarness);
     weave.towFractions = input_.numbers(std::array<double, 2>{0.36, 0.36});
     weave.fiberFractionInTow = input_.number(0.7);
-    weave.folder = "";
+  }
+  /// What a call with a weave has behind the materials; the texts live until the next call.
+  void drawRest(test::Weave& weave) {
+    weave.zero = input_.number(std::int32_t{0});
+    weave.satin = input_.number(std::int32_t{0});
+    for (auto& text : texts_) {
+      text = input_.text(&text == &texts_[1] ? "" : "DUMB");
+    }
+    weave.text1 = texts_[0].data();
+    weave.folder = texts_[1].data();
+    weave.text3 = texts_[2].data();
   }
 
   void drawCurve(const Twelve& usualLamina, test::ShearReduction& call) {
     call.shearStrength = input_.number(7.9e7);
     call.pointCount = drawRows(kStress, call.stress);
-    call.strain = input_.numbers(kStrain);
-    call.strain.resize(call.stress.size(), 0.04);
-    call.strain.shrink_to_fit();
+    fillRows(kStrain, call.stress.size(), call.strain);
     call.matrix = input_.numbers(kMatrix);
     call.fiber = input_.numbers(kFiber);
     call.lamina = input_.numbers(usualLamina);
   }
 
   /// Answers a count, which is any number, and gives `rows` as many: none for one that is negative
-  /// or absurd, and others are brought down to what a moment can allocate.
+  /// or absurd. Others are brought down to what a moment can fit; one in eight to more than the
+  /// engine fits.
   template <typename Row, std::size_t usualCount>
   std::int32_t drawRows(const std::array<Row, usualCount>& usual, std::vector<Row>& rows) {
-    constexpr std::int32_t kMost = 48;
+    constexpr std::int32_t kFew = 48;
+    constexpr std::int32_t kMany = 600;
     constexpr std::int32_t kAbsurd = 1 << 24;
     auto count = input_.number(static_cast<std::int32_t>(usualCount));
-    count = count > kMost && count <= kAbsurd ? count % kMost : count;
-    rows.resize(static_cast<std::size_t>(count > 0 && count <= kMost ? count : 0));
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (count > kFew && count <= kAbsurd) {
+      count %= count % 8 == 0 ? kMany : kFew;
+    }
+    fillRows(usual, static_cast<std::size_t>(count > 0 && count <= kMany ? count : 0), rows);
+    return count;
+  }
+  template <typename Row, std::size_t usualCount>
+  void fillRows(const std::array<Row, usualCount>& usual,
+                const std::size_t count,
+                std::vector<Row>& rows) {
+    rows.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
       rows[i] = drawn(usual[i % usualCount]);
     }
-    return count;
   }
   double drawn(const double usual) { return input_.number(usual); }
   test::SnRow drawn(test::SnRow row) {
@@ -310,23 +302,20 @@ class Calls {
     return row;
   }
 
-  /// Slots of a decomposition whose stress concentration is the identity but for what the input
-  /// replaces of its first two columns.
   template <typename Block>
   void drawBlock(Block& block) {
-    block.fill(0.0);
+    constexpr auto kUsual = identitySlot();
     for (std::size_t slot = 0; slot < block.size(); slot += test::kSlot) {
-      for (std::size_t row = 0; row < 6; ++row) {
-        block[slot + 7 * row] = 1.0;
-      }
-      for (std::size_t i = 0; i < 12; ++i) {
-        block[slot + i] = input_.number(block[slot + i]);
-      }
+      const auto numbers = input_.manyNumbers(kUsual);
+      std::copy(numbers.begin(), numbers.end(), block.begin() + slot);
     }
   }
 
   CallInput& input_;
+  std::array<std::vector<char>, 3> texts_;
   std::int32_t isotropic_ = 0;
+  std::int32_t lastIteration_ = -1;
+  bool isNoted_ = false;  // an intact weave, for the next fatigue fit of one
 };
 
 }  // namespace

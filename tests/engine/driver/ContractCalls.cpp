@@ -5,9 +5,6 @@
 namespace kx::test {
 namespace {
 
-/// Stands where a call does not use a text.
-constexpr const char* kNoText = "DUMB";
-
 const double* firstOf(const std::vector<SnRow>& rows) {
   return rows.empty() ? nullptr : rows.front().data();
 }
@@ -55,9 +52,9 @@ void WeaveOptimization::run() {
                      matrix.data(),
                      errors.data(),
                      iterations.data(),
-                     kNoText,
+                     weave.text1,
                      weave.folder,
-                     kNoText,
+                     weave.text3,
                      &weave.zero,
                      &weave.satin);
 }
@@ -106,22 +103,23 @@ void WeaveDamageState::run() {
                      fillBlock.data(),
                      warpBlock.data(),
                      &snCount,
-                     kNoText,
+                     weave.text1,
                      weave.folder,
-                     kNoText,
+                     weave.text3,
                      &weave.zero,
                      &weave.satin);
 }
 
 void FatDcmpProps::run() const {
-  FAT_DCMP_PROPS(set.data(),
-                 set.data(),
-                 set.data(),
-                 set.data(),
-                 set.data(),
-                 set.data(),
-                 set.data(),
-                 set.data(),
+  const auto& [composite, pocket, fill, warp, fillFiber, fillMatrix, warpFiber, warpMatrix] = sets;
+  FAT_DCMP_PROPS(composite.data(),
+                 pocket.data(),
+                 fill.data(),
+                 warp.data(),
+                 fillFiber.data(),
+                 fillMatrix.data(),
+                 warpFiber.data(),
+                 warpMatrix.data(),
                  unitCellBlock.data(),
                  fillBlock.data(),
                  warpBlock.data(),

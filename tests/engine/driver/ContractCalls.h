@@ -49,12 +49,12 @@ struct Prefail : ShearReduction {
   void run();
 };
 
-/// The arguments that tell of a weave. "DUMB" is no folder.
+/// The arguments that tell of a weave. "DUMB" is no text.
 struct Weave {
   std::int32_t harness = 1;
   In<double, 2> towFractions;
   double fiberFractionInTow = 0.0;
-  const char* folder = "DUMB";
+  const char *text1 = "DUMB", *folder = "DUMB", *text3 = "DUMB";
   std::int32_t zero = 0, satin = 0;
 };
 
@@ -87,7 +87,7 @@ struct WeaveDamageState {
 };
 
 struct FatDcmpProps {
-  In<double, 12> set;  // in the place of all eight
+  std::array<In<double, 12>, 8> sets;
   In<double, 4 * kSlot> unitCellBlock;
   In<double, 2 * kSlot> fillBlock, warpBlock;
   In<std::int32_t, 4> record;  // state number, three codes

@@ -13,7 +13,9 @@ namespace {
 /// warp and interface, those of a tow fiber and matrix.
 struct NotedState : kx::test::FatDcmpProps {
   NotedState() {
-    set.fill(0.0);
+    for (auto& set : sets) {
+      set.fill(0.0);
+    }
     for (auto* tow : {&fillBlock, &warpBlock}) {
       tow->fill(0.0);
       stress(*tow, 1, 0, 0) = 0.1;
