@@ -26,7 +26,11 @@ function(lamcraft_test name)
     add_test(NAME ${name} COMMAND ${name}_test)
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
   else()
+    set(seconds 300)
+    if(LAMCRAFT_SANITIZE)
+      set(seconds 1800)  # a weave's fit takes minutes there, and longer beside other work
+    endif()
     gtest_discover_tests(${name}_test TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
-                         PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
+                         PROPERTIES TIMEOUT ${seconds} ENVIRONMENT "${environment}")
   endif()
 endfunction()
