@@ -56,9 +56,6 @@ bool MaterialXML::writeDocument(const Composite& composite, const bool fatigueMo
   for (const auto& constituent : composite.children()) {
     xml::appendConstituentTree(root, *constituent);
   }
-  for (const EnvironmentRecord& environment : composite.environments) {
-    writeEnvironment(root, environment);
-  }
   return save();
 }
 
@@ -73,7 +70,21 @@ bool MaterialXML::save() const {
 }
 
 void MaterialXML::Print(std::FILE* const file, const int /*depth*/) const {
-  xml::print(*this, file);
+  xml::Printer printer(file);
+  printer.put(*FirstChild()->ToDeclaration());
+  const TiXmlElement& root = *RootElement();
+  printer.open(root, 0);
+  for (const TiXmlElement* child = root.FirstChildElement(); child != nullptr;
+       child = child->NextSiblingElement()) {
+    printer.put(*child, 1);
+  }
+  for (const EnvironmentRecord& environment : composite().environments) {
+    TiXmlElement element("environment");
+    writeEnvironment(element, environment);
+    printer.put(element, 1);
+  }
+  printer.close(root, 0);
+  printer.finish();
 }
 
 void MaterialXML::writeMaterial(TiXmlElement& root) const {
@@ -89,8 +100,8 @@ void MaterialXML::writeMaterial(TiXmlElement& root) const {
   xml::appendProperty(element, "plyt", composite().plyThickness);
 }
 
-void MaterialXML::writeEnvironment(TiXmlElement& root, const EnvironmentRecord& environment) {
-  TiXmlElement& element = appendElement(root, "environment");
+void MaterialXML::writeEnvironment(TiXmlElement& element,
+                                   const EnvironmentRecord& environment) const {
   setNumber(element, "temperature", environment.temperature);
   element.SetAttribute("moisture", environment.moisture->name);
   writeSolver(element, environment);

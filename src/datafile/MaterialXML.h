@@ -11,8 +11,9 @@
 
 namespace lamcraft {
 
-/// A data file of a solved composite: builds the whole document and saves it. Lives for one file;
-/// reads the composite and never changes it.
+/// A data file of a solved composite: builds the document and saves it. Lives for one file; reads
+/// the composite and never changes it. Environments are built one by one as they are printed: all
+/// of them at once would take ten times the memory of the text, and most of the time to fill it.
 class MaterialXML : public TiXmlDocument {
  public:
   /// path: the file to write.
@@ -21,18 +22,19 @@ class MaterialXML : public TiXmlDocument {
   MaterialXML& operator=(const MaterialXML&) = delete;
 
   /// Appends what this kind of composite adds to the "composite" element of an environment.
-  virtual void writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) = 0;
+  virtual void writeCompositeBlock(TiXmlElement& element,
+                                   const EnvironmentRecord& environment) const = 0;
 
   /// Appends the "constituent" elements of an environment.
   virtual void writeConstituentBlocks(TiXmlElement& element,
-                                      const EnvironmentRecord& environment) = 0;
+                                      const EnvironmentRecord& environment) const = 0;
 
   /// Builds the document and saves it over what stands at the path. False when the file is not
   /// whole; it is then the beginning of one, or not there.
   /// fatigueMode: with the results that only the fatigue data file holds.
   bool writeDocument(const Composite& composite, bool fatigueMode);
 
-  /// What saving calls: the document's text, as TinyXML's own function gives it.
+  /// What saving calls: the document's text, as TinyXML's own function would give it of the whole.
   void Print(std::FILE* file, int depth = 0) const override;
 
  protected:
@@ -43,7 +45,7 @@ class MaterialXML : public TiXmlDocument {
  private:
   [[nodiscard]] bool save() const;
   void writeMaterial(TiXmlElement& root) const;
-  void writeEnvironment(TiXmlElement& root, const EnvironmentRecord& environment);
+  void writeEnvironment(TiXmlElement& element, const EnvironmentRecord& environment) const;
   void writeSolver(TiXmlElement& element, const EnvironmentRecord& environment) const;
 
   bool fatigueMode_ = false;

@@ -76,7 +76,8 @@ void appendCohesive(TiXmlElement& parent, const EnvironmentRecord& environment) 
 
 }  // namespace
 
-void UniXML::writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) {
+void UniXML::writeCompositeBlock(TiXmlElement& element,
+                                 const EnvironmentRecord& environment) const {
   const KeywordPresence& presence = composite().presence;
   appendStrengths(element, environment);
   xml::appendSnRecords(element, environment.snRecords);
@@ -90,7 +91,8 @@ void UniXML::writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord&
   xml::appendPrefail(element, presence.nlShear, environment);
 }
 
-void UniXML::writeConstituentBlocks(TiXmlElement& element, const EnvironmentRecord& environment) {
+void UniXML::writeConstituentBlocks(TiXmlElement& element,
+                                    const EnvironmentRecord& environment) const {
   writeConstituent(element, constituents::kMatrix, environment.matrix, environment);
   writeConstituent(element, constituents::kFiber, environment.fiber, environment);
 }

@@ -12,10 +12,12 @@ class UniXML : public MaterialXML {
 
   /// Strengths, fatigue tests, critical invariants, fracture and cohesive properties, nonlinear
   /// shear.
-  void writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) override;
+  void writeCompositeBlock(TiXmlElement& element,
+                           const EnvironmentRecord& environment) const override;
 
   /// The matrix and the fiber.
-  void writeConstituentBlocks(TiXmlElement& element, const EnvironmentRecord& environment) override;
+  void writeConstituentBlocks(TiXmlElement& element,
+                              const EnvironmentRecord& environment) const override;
 
  private:
   void writeConstituent(TiXmlElement& element,

@@ -78,7 +78,8 @@ const States& WeaveXML::states(const EnvironmentRecord& environment) const noexc
   return fatigueMode() ? environment.fatigueDamageStates : environment.damageStates;
 }
 
-void WeaveXML::writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) {
+void WeaveXML::writeCompositeBlock(TiXmlElement& element,
+                                   const EnvironmentRecord& environment) const {
   const States& all = states(environment);
   for (std::size_t i = 1; i < all.size(); ++i) {
     xml::appendPropertySet(element, all[i].data.state, all[i].property(DamageSet::composite));
@@ -91,7 +92,8 @@ void WeaveXML::writeCompositeBlock(TiXmlElement& element, const EnvironmentRecor
   xml::appendPrefail(element, composite().presence.nlShear, environment);
 }
 
-void WeaveXML::writeConstituentBlocks(TiXmlElement& element, const EnvironmentRecord& environment) {
+void WeaveXML::writeConstituentBlocks(TiXmlElement& element,
+                                      const EnvironmentRecord& environment) const {
   TiXmlElement* tow = &element;
   for (const ConstituentRow& row : kConstituentRows) {
     const bool inTow = row.block != Block::unitCell;

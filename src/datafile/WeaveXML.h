@@ -16,10 +16,12 @@ class WeaveXML : public MaterialXML {
 
   /// Property sets of the damage states from the second on (the environment's own is the first),
   /// strengths, fatigue tests, nonlinear shear.
-  void writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) override;
+  void writeCompositeBlock(TiXmlElement& element,
+                           const EnvironmentRecord& environment) const override;
 
   /// Matrix pocket, fill and warp with what they are made of, and the interface.
-  void writeConstituentBlocks(TiXmlElement& element, const EnvironmentRecord& environment) override;
+  void writeConstituentBlocks(TiXmlElement& element,
+                              const EnvironmentRecord& environment) const override;
 
  private:
   [[nodiscard]] const std::vector<DamageStateRecord>& states(

@@ -1,8 +1,6 @@
 #include "datafile/XmlPrinting.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <string>
 
 namespace lamcraft::xml {
 namespace {
@@ -18,86 +16,79 @@ bool isPlain(const std::string& text) noexcept {
   });
 }
 
-class Printer {
- public:
-  explicit Printer(std::FILE* const file) : file_(file) { buffer_.reserve(2 * kBufferSize); }
-  Printer(const Printer&) = delete;
-  Printer& operator=(const Printer&) = delete;
-  ~Printer() = default;
-
-  void put(const TiXmlDeclaration& declaration) {
-    declaration.Print(nullptr, 0, &buffer_);
-    buffer_ += '\n';
-  }
-
-  /// Hands all that was put on to the system.
-  void finish() {
-    flush();
-    std::fflush(file_);
-  }
-
-  /// Puts an element with everything in it.
-  void put(const TiXmlElement& element, const std::size_t depth) {
-    if (buffer_.size() > kBufferSize) {
-      flush();
-    }
-    indent(depth);
-    buffer_ += '<';
-    buffer_ += element.ValueStr();
-    for (const TiXmlAttribute* a = element.FirstAttribute(); a != nullptr; a = a->Next()) {
-      buffer_ += ' ';
-      put(*a);
-    }
-    const TiXmlElement* child = element.FirstChildElement();
-    if (child == nullptr) {
-      buffer_ += " />\n";
-      return;
-    }
-    buffer_ += ">\n";
-    for (; child != nullptr; child = child->NextSiblingElement()) {
-      put(*child, depth + 1);
-    }
-    indent(depth);
-    buffer_ += "</";
-    buffer_ += element.ValueStr();
-    buffer_ += ">\n";
-  }
-
- private:
-  void put(const TiXmlAttribute& attribute) {
-    if (!isPlain(attribute.ValueStr())) {
-      attribute.Print(nullptr, 0, &buffer_);
-      return;
-    }
-    buffer_ += attribute.NameTStr();
-    buffer_ += "=\"";
-    buffer_ += attribute.ValueStr();
-    buffer_ += '"';
-  }
-
-  void indent(const std::size_t depth) { buffer_.append(kIndent * depth, ' '); }
-
-  void flush() {
-    std::fwrite(buffer_.data(), 1, buffer_.size(), file_);
-    buffer_.clear();
-  }
-
-  std::FILE* file_;
-  std::string buffer_;
-};
-
 }  // namespace
 
-void print(const TiXmlDocument& document, std::FILE* const file) {
-  Printer printer(file);
-  for (const TiXmlNode* node = document.FirstChild(); node != nullptr; node = node->NextSibling()) {
-    if (const TiXmlElement* const element = node->ToElement()) {
-      printer.put(*element, 0);
-    } else if (const TiXmlDeclaration* const declaration = node->ToDeclaration()) {
-      printer.put(*declaration);
-    }
+Printer::Printer(std::FILE* const file) : file_(file) {
+  buffer_.reserve(2 * kBufferSize);
+}
+
+void Printer::put(const TiXmlDeclaration& declaration) {
+  declaration.Print(nullptr, 0, &buffer_);
+  buffer_ += '\n';
+}
+
+void Printer::put(const TiXmlElement& element, const std::size_t depth) {
+  const TiXmlElement* child = element.FirstChildElement();
+  if (child == nullptr) {
+    start(element, depth);
+    buffer_ += " />\n";
+    return;
   }
-  printer.finish();
+  open(element, depth);
+  for (; child != nullptr; child = child->NextSiblingElement()) {
+    put(*child, depth + 1);
+  }
+  close(element, depth);
+}
+
+void Printer::open(const TiXmlElement& element, const std::size_t depth) {
+  start(element, depth);
+  buffer_ += ">\n";
+}
+
+void Printer::close(const TiXmlElement& element, const std::size_t depth) {
+  indent(depth);
+  buffer_ += "</";
+  buffer_ += element.ValueStr();
+  buffer_ += ">\n";
+}
+
+void Printer::finish() {
+  flush();
+  std::fflush(file_);
+}
+
+void Printer::put(const TiXmlAttribute& attribute) {
+  if (!isPlain(attribute.ValueStr())) {
+    attribute.Print(nullptr, 0, &buffer_);
+    return;
+  }
+  buffer_ += attribute.NameTStr();
+  buffer_ += "=\"";
+  buffer_ += attribute.ValueStr();
+  buffer_ += '"';
+}
+
+void Printer::start(const TiXmlElement& element, const std::size_t depth) {
+  if (buffer_.size() > kBufferSize) {
+    flush();
+  }
+  indent(depth);
+  buffer_ += '<';
+  buffer_ += element.ValueStr();
+  for (const TiXmlAttribute* a = element.FirstAttribute(); a != nullptr; a = a->Next()) {
+    buffer_ += ' ';
+    put(*a);
+  }
+}
+
+void Printer::indent(const std::size_t depth) {
+  buffer_.append(kIndent * depth, ' ');
+}
+
+void Printer::flush() {
+  std::fwrite(buffer_.data(), 1, buffer_.size(), file_);
+  buffer_.clear();
 }
 
 }  // namespace lamcraft::xml

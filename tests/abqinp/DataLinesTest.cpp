@@ -12,7 +12,6 @@
 namespace abqinp {
 namespace {
 
-using testing::ElementsAre;
 
 DataLines linesOf(const std::vector<std::string>& lines) {
   DataLines data;

@@ -15,16 +15,17 @@ class MarkingXML : public MaterialXML {
  public:
   using MaterialXML::MaterialXML;
 
-  void writeCompositeBlock(TiXmlElement& element, const EnvironmentRecord& environment) override {
+  void writeCompositeBlock(TiXmlElement& element,
+                           const EnvironmentRecord& environment) const override {
     mark(element, "composite-block", environment);
   }
   void writeConstituentBlocks(TiXmlElement& element,
-                              const EnvironmentRecord& environment) override {
+                              const EnvironmentRecord& environment) const override {
     mark(element, "constituent-blocks", environment);
   }
 
  private:
-  void mark(TiXmlElement& into, const char* const tag, const EnvironmentRecord& environment) {
+  void mark(TiXmlElement& into, const char* const tag, const EnvironmentRecord& environment) const {
     auto* const element = into.LinkEndChild(new TiXmlElement(tag))->ToElement();
     element->SetAttribute("temperature", static_cast<int>(environment.temperature));
     element->SetAttribute("fatigue", fatigueMode() ? 1 : 0);

@@ -22,6 +22,16 @@ std::string printedBy(const Print& print) {
   return content;
 }
 
+void print(const TiXmlDocument& document, std::FILE* const file) {
+  Printer printer(file);
+  for (const TiXmlNode* node = document.FirstChild(); node != nullptr; node = node->NextSibling()) {
+    if (const TiXmlElement* const element = node->ToElement()) printer.put(*element, 0);
+    if (const TiXmlDeclaration* const declaration = node->ToDeclaration())
+      printer.put(*declaration);
+  }
+  printer.finish();
+}
+
 /// TinyXML's own text and ours.
 testing::AssertionResult printsAlike(const TiXmlDocument& document) {
   const std::string theirs = printedBy([&](std::FILE* const file) { document.Print(file, 0); });
@@ -50,6 +60,25 @@ TEST(XmlPrinting, PrintsADocumentWithoutChildren) {
   document.LinkEndChild(new TiXmlDeclaration("1.0", "utf-8", "yes"));
   appendElement(document, "root");
   EXPECT_TRUE(printsAlike(document));
+}
+
+TEST(XmlPrinting, LaysAnElementOutThatIsPutInPieces) {
+  TiXmlElement root("root");
+  root.SetAttribute("a", "1");
+  appendNumber(root, "number", 1.0);
+  const std::string whole = printedBy([&](std::FILE* const file) {
+    Printer printer(file);
+    printer.put(root, 0);
+    printer.finish();
+  });
+  const std::string pieces = printedBy([&](std::FILE* const file) {
+    Printer printer(file);
+    printer.open(root, 0);
+    printer.put(*root.FirstChildElement(), 1);
+    printer.close(root, 0);
+    printer.finish();
+  });
+  EXPECT_EQ(pieces, whole);
 }
 
 TEST(XmlPrinting, EscapesEveryByteAsTinyXmlDoes) {
