@@ -12,7 +12,6 @@
 namespace abqinp {
 namespace {
 
-
 DataLines linesOf(const std::vector<std::string>& lines) {
   DataLines data;
   for (const std::string& line : lines) {
