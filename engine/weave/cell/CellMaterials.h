@@ -16,6 +16,7 @@ namespace kx {
 /// (1 along the tow). Stiffness [Pa] and thermal stress beta = C alpha [Pa/K].
 struct CellConstituents {
   std::array<PhaseStiffness, kCellPhases> phases;
+  bool hasThermalStress = true;  ///< false: it is beyond the range of numbers, and 0 in its place
 };
 
 /// A tow's material at one inclination.

@@ -182,11 +182,11 @@ ExpansionModel levinModel(WeaveModel& model,
   const Matrix6 compliance =
       sensitivity.stiffnessFor(phasesOf(uniform, weave.fiberFraction)).inverse();
   return [sensitivity, compliance, weave](const Constituents& materials) -> CompositeExpansion {
-    const auto everywhere = WeaveConstituents::uniform(materials.fiber, materials.matrix);
-    if (!isThermalStressWithinRange(weave, everywhere)) {
+    const auto cell =
+        cellConstituents(weave, WeaveConstituents::uniform(materials.fiber, materials.matrix));
+    if (!cell.hasThermalStress) {
       return CompositeExpansion::Constant(std::numeric_limits<double>::quiet_NaN());
     }
-    const auto cell = cellConstituents(weave, everywhere);
     Vector6 beta = Vector6::Zero();
     for (std::size_t r = 0; r < kCellPhases; ++r) {
       beta += sensitivity.strain[r].transpose() * cell.phases[r].beta;

@@ -38,36 +38,21 @@ std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents&
           homogenise(constituents.warpFiber, constituents.warpMatrix, fiberFraction).effective};
 }
 
-namespace {
-
-CellConstituents unlimited(const WeaveDescription& weave, const WeaveConstituents& given) {
+CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveConstituents& given) {
   CellConstituents result;
   const auto phases = phasesOf(given, weave.fiberFraction);
   for (std::size_t r = 0; r < kCellPhases; ++r) {
     result.phases[r].c = stiffness(phases[r]);
     result.phases[r].beta = result.phases[r].c * expansion(properties(phases[r]));
   }
-  return result;
-}
-
-bool isWithinRange(const CellConstituents& cell) {
-  return std::all_of(cell.phases.begin(), cell.phases.end(), [](const PhaseStiffness& phase) {
-    return std::isfinite(phase.beta.squaredNorm());
-  });
-}
-
-}  // namespace
-
-CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveConstituents& given) {
-  CellConstituents result = unlimited(weave, given);
-  if (!isWithinRange(result)) {
+  result.hasThermalStress =
+      std::all_of(result.phases.begin(), result.phases.end(), [](const PhaseStiffness& phase) {
+        return std::isfinite(phase.beta.squaredNorm());
+      });
+  if (!result.hasThermalStress) {
     for (PhaseStiffness& phase : result.phases) phase.beta.setZero();
   }
   return result;
-}
-
-bool isThermalStressWithinRange(const WeaveDescription& weave, const WeaveConstituents& given) {
-  return isWithinRange(unlimited(weave, given));
 }
 
 }  // namespace kx

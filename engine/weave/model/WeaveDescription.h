@@ -43,14 +43,10 @@ struct WeaveConstituents {
 std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents& constituents,
                                                         double fiberFraction);
 
-/// The same as the voxel model takes them. Thermal stresses that are not within range count as
-/// none: the fields of elastic load cases would be no numbers, either.
+/// The same as the voxel model takes them. When thermal stresses, or their squares, are beyond the
+/// range of numbers there are none: the fields of elastic load cases would be no numbers, either.
 CellConstituents cellConstituents(const WeaveDescription& weave,
                                   const WeaveConstituents& constituents);
-
-/// Whether the thermal stresses of the phases, and their squares, are within the range of numbers.
-bool isThermalStressWithinRange(const WeaveDescription& weave,
-                                const WeaveConstituents& constituents);
 
 }  // namespace kx
 

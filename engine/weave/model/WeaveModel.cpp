@@ -147,8 +147,7 @@ CellResponse WeaveModel::solve(const WeaveDescription& weave,
   cell.fields.cases.push_back(thermal.cases[0]);
   cell.fields.pairs.push_back(std::move(thermal.pairs[0]));
   remembered_.push_back({key, cellResponse(materials, cell.fields, team_)});
-  if (!isThermalStressWithinRange(weave, constituents))
-    forgetExpansion(remembered_.back().response);
+  if (!materials.constituents().hasThermalStress) forgetExpansion(remembered_.back().response);
   cell.fields.cases.pop_back();
   cell.fields.pairs.pop_back();
   if (remembered_.size() > kMostRemembered) remembered_.pop_front();
