@@ -40,17 +40,27 @@ void fill(PropertySet& set, Numbers& numbers) {
 }
 
 void fill(DecompositionSlot& slot, Numbers& numbers) {
-  for (double& number : slot.stress) number = numbers();
-  for (double& number : slot.strain) number = numbers();
-  for (double& number : slot.thermalStress) number = numbers();
-  for (double& number : slot.thermalStrain) number = numbers();
+  for (double& number : slot.stress) {
+    number = numbers();
+  }
+  for (double& number : slot.strain) {
+    number = numbers();
+  }
+  for (double& number : slot.thermalStress) {
+    number = numbers();
+  }
+  for (double& number : slot.thermalStrain) {
+    number = numbers();
+  }
 }
 
 void fillCommon(EnvironmentRecord& environment, Numbers& numbers) {
   fill(environment.lamina, numbers);
   fill(environment.fiber, numbers);
   fill(environment.matrix, numbers);
-  for (VariableProperty& strength : environment.strengths) strength.setValue(numbers());
+  for (VariableProperty& strength : environment.strengths) {
+    strength.setValue(numbers());
+  }
   for (int i = 0; i < 10; ++i) {
     environment.snRecords.push_back({numbers(), numbers(), numbers(), numbers(), numbers()});
   }
@@ -74,11 +84,19 @@ std::unique_ptr<TestComposite> weave(const std::int64_t environments) {
     environment.damageStates = allDamageStates();
     for (DamageStateRecord& state : environment.damageStates) {
       for (auto& set : state.data.sets) {
-        for (double& number : set) number = numbers();
+        for (double& number : set) {
+          number = numbers();
+        }
       }
-      for (DecompositionSlot& slot : state.data.unitCell) fill(slot, numbers);
-      for (DecompositionSlot& slot : state.data.fillTow) fill(slot, numbers);
-      for (DecompositionSlot& slot : state.data.warpTow) fill(slot, numbers);
+      for (DecompositionSlot& slot : state.data.unitCell) {
+        fill(slot, numbers);
+      }
+      for (DecompositionSlot& slot : state.data.fillTow) {
+        fill(slot, numbers);
+      }
+      for (DecompositionSlot& slot : state.data.warpTow) {
+        fill(slot, numbers);
+      }
       state.publish();
     }
   }

@@ -29,7 +29,9 @@ kx::TransverselyIsotropicOf<Scalar> matrix() {
 template <int kUnknowns>
 void seed(kx::TransverselyIsotropicOf<ceres::Jet<double, kUnknowns>>& solid, int first) {
   for (const auto member : kx::kElasticMembers<ceres::Jet<double, kUnknowns>>) {
-    if (first < kUnknowns) (solid.*member).v(first++) = 1.0;
+    if (first < kUnknowns) {
+      (solid.*member).v(first++) = 1.0;
+    }
   }
 }
 

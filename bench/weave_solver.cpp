@@ -36,7 +36,9 @@ std::int32_t materialAt(const double x, const double y, const double z) {
   const double pi = std::acos(-1.0);
   const double fill = 0.125 * std::cos(pi * (x - 0.5));
   const double warp = 0.125 * std::cos(pi * (y - 0.5));
-  if (isInTow(y - 0.5, z, fill) || isInTow(y - 1.5, z, -fill)) return 1;
+  if (isInTow(y - 0.5, z, fill) || isInTow(y - 1.5, z, -fill)) {
+    return 1;
+  }
   return isInTow(x - 0.5, z, -warp) || isInTow(x - 1.5, z, warp) ? 2 : 0;
 }
 

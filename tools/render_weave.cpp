@@ -38,7 +38,9 @@ std::string text(const Color& color) {
 std::string number(const double value) {
   const long hundredths = std::lround(value * 100);
   std::string digits = std::to_string(hundredths % 100);
-  if (digits.size() == 1) digits.insert(0, "0");
+  if (digits.size() == 1) {
+    digits.insert(0, "0");
+  }
   return std::to_string(hundredths / 100) + "." + digits;
 }
 
@@ -58,7 +60,9 @@ class Raster {
       for (int begin = 0; begin < columns_;) {
         const std::string& color = pixels_[at(row, begin)];
         int end = begin;
-        while (end < columns_ && pixels_[at(row, end)] == color) ++end;
+        while (end < columns_ && pixels_[at(row, end)] == color) {
+          ++end;
+        }
         paths[color] += rectangle(begin, row, std::to_string(end - begin));
         begin = end;
       }
@@ -106,11 +110,15 @@ Color mixed(const std::array<double, kx::kCellPhases>& fractions) {
 Color seenFromAbove(const kx::UnitCell& cell, const kx::WeaveColumn& column) {
   const bool fillAbove = column.fill.length() > 0.0 && column.fill.upper > column.warp.upper;
   const kx::Interval& tow = fillAbove ? column.fill : column.warp;
-  if (!(tow.length() > 0.0)) return kPocketColor;
+  if (!(tow.length() > 0.0)) {
+    return kPocketColor;
+  }
   const double depth = 0.5 - tow.upper / cell.geometry().thickness();  // 0 at the ply's face
   const double light = 1.0 - 0.5 * std::round(depth * kShades) / kShades;
   Color color = fillAbove ? kFillColor : kWarpColor;
-  for (double& channel : color) channel *= light;
+  for (double& channel : color) {
+    channel *= light;
+  }
   return color;
 }
 

@@ -7,12 +7,16 @@ namespace kx {
 
 Properties propertiesFrom(const double* array) noexcept {
   Properties properties;
-  for (const auto member : kPropertyOrder<double>) properties.*member = *array++;
+  for (const auto member : kPropertyOrder<double>) {
+    properties.*member = *array++;
+  }
   return properties;
 }
 
 void copyTo(const Properties& properties, double* array) noexcept {
-  for (const auto member : kPropertyOrder<double>) *array++ = properties.*member;
+  for (const auto member : kPropertyOrder<double>) {
+    *array++ = properties.*member;
+  }
 }
 
 bool isFinite(const Properties& properties) noexcept {
@@ -29,10 +33,14 @@ Properties withExpansionsOf(const Properties& other, Properties elastic) noexcep
 }
 
 bool isAdmissible(const Properties& p) noexcept {
-  if (!isFinite(p)) return false;
+  if (!isFinite(p)) {
+    return false;
+  }
   const bool positiveModuli =
       p.e11 > 0.0 && p.e22 > 0.0 && p.e33 > 0.0 && p.g12 > 0.0 && p.g13 > 0.0 && p.g23 > 0.0;
-  if (!positiveModuli) return false;
+  if (!positiveModuli) {
+    return false;
+  }
   // Principal minors of the normal block of the compliance, scaled by its diagonal.
   const double v12v21 = p.v12 * p.v12 * (p.e22 / p.e11);
   const double v13v31 = p.v13 * p.v13 * (p.e33 / p.e11);

@@ -51,7 +51,9 @@ Matrix6Of<Scalar> orthotropicInverse(const Matrix6Of<Scalar>& matrix) {
   Matrix6Of<Scalar> inverse = Matrix6Of<Scalar>::Zero();
   const Eigen::Matrix<Scalar, 3, 3> normal = matrix.template topLeftCorner<3, 3>();
   inverse.template topLeftCorner<3, 3>() = normal.inverse();
-  for (const Voigt shear : {k12, k13, k23}) inverse(shear, shear) = 1.0 / matrix(shear, shear);
+  for (const Voigt shear : {k12, k13, k23}) {
+    inverse(shear, shear) = 1.0 / matrix(shear, shear);
+  }
   return inverse;
 }
 

@@ -57,7 +57,9 @@ class BoundedLeastSquares {
       const Vector inside = function_.projected(x);
       const bool settled = inside == x || newCost > (1.0 - kNoGain) * cost;
       x = inside;
-      if (settled) break;
+      if (settled) {
+        break;
+      }
       cost = newCost;
     }
     return x;
@@ -113,7 +115,9 @@ class BoundedLeastSquares {
       Eigen::Map<Jacobian> j(jacobian);
       linearise(z, r, j);
       rest(z, r, j);
-      if (hook_) hook_(steps_, problem_.error(z));
+      if (hook_) {
+        hook_(steps_, problem_.error(z));
+      }
       return true;
     }
 
@@ -126,7 +130,9 @@ class BoundedLeastSquares {
 
     void linearise(const Vector& z, Eigen::Map<Residuals>& r, Eigen::Map<Jacobian>& j) const {
       std::array<Dual, NUM_PARAMETERS> dualZ;
-      for (int i = 0; i < NUM_PARAMETERS; ++i) dualZ[static_cast<std::size_t>(i)] = Dual(z(i), i);
+      for (int i = 0; i < NUM_PARAMETERS; ++i) {
+        dualZ[static_cast<std::size_t>(i)] = Dual(z(i), i);
+      }
       std::array<Dual, kOwn> dualR;
       problem_(dualZ.data(), dualR.data());
       for (int i = 0; i < kOwn; ++i) {
@@ -144,7 +150,9 @@ class BoundedLeastSquares {
       for (int i = 0; i < NUM_PARAMETERS; ++i) {
         const bool outwards =
             (z(i) <= lower_(i) && gradient(i) > 0.0) || (z(i) >= upper_(i) && gradient(i) < 0.0);
-        if (outwards || !j.col(i).allFinite()) j.col(i).setZero();
+        if (outwards || !j.col(i).allFinite()) {
+          j.col(i).setZero();
+        }
       }
     }
 

@@ -70,7 +70,9 @@ class ConstituentSpace {
   /// Both materials admissible; an isotropic matrix exactly isotropic.
   explicit ConstituentSpace(const Constituents& start) : start_(start) {
     Eigen::Index row = 0;
-    for (const Unknown& unknown : kFiberUnknowns) setBounds(unknown, start.fiber, row++);
+    for (const Unknown& unknown : kFiberUnknowns) {
+      setBounds(unknown, start.fiber, row++);
+    }
     for (const Unknown& unknown : kMatrixUnknowns<kSymmetry>) {
       setBounds(unknown, start.matrix, row++);
     }
@@ -81,8 +83,12 @@ class ConstituentSpace {
   [[nodiscard]] ConstituentsOf<Scalar> at(const Scalar* z) const {
     ConstituentsOf<Scalar> materials{constantsOf<Scalar>(start_.fiber),
                                      constantsOf<Scalar>(start_.matrix)};
-    for (const Unknown& unknown : kFiberUnknowns) move(unknown, *z++, materials.fiber);
-    for (const Unknown& unknown : kMatrixUnknowns<kSymmetry>) move(unknown, *z++, materials.matrix);
+    for (const Unknown& unknown : kFiberUnknowns) {
+      move(unknown, *z++, materials.fiber);
+    }
+    for (const Unknown& unknown : kMatrixUnknowns<kSymmetry>) {
+      move(unknown, *z++, materials.matrix);
+    }
     if constexpr (kSymmetry == MatrixSymmetry::isotropic) {
       const auto& m = materials.matrix;
       materials.matrix = isotropic<Scalar>(m.e11, m.v12, m.a11);

@@ -72,7 +72,9 @@ ContinuationResult<Problem::kParameters> minimumNormFit(
     stage.error = problem.error(stage.z);
     stages[i] = stage;
     last = i;
-    if (stage.error < kExactError) break;
+    if (stage.error < kExactError) {
+      break;
+    }
   }
   std::size_t chosen = last;
   if (stages[last].error > kConsistentError) {
@@ -81,8 +83,12 @@ ContinuationResult<Problem::kParameters> minimumNormFit(
       ++chosen;
     }
   }
-  while (chosen > 0 && stages[chosen].error > start.error) --chosen;
-  if (stages[chosen].error > start.error) stages[chosen] = start;
+  while (chosen > 0 && stages[chosen].error > start.error) {
+    --chosen;
+  }
+  if (stages[chosen].error > start.error) {
+    stages[chosen] = start;
+  }
   stages[chosen].iterations = leastSquares.iterations();
   return stages[chosen];
 }

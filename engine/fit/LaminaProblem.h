@@ -36,7 +36,9 @@ constexpr bool isGiven(const double target) {
 template <class Scalar>
 Scalar deviation(const Scalar& ratio) {
   using std::log;
-  if (ratio > 2.0) return 1.0 + 2.0 * log(0.5 * ratio);
+  if (ratio > 2.0) {
+    return 1.0 + 2.0 * log(0.5 * ratio);
+  }
   return ratio - 1.0;
 }
 
@@ -56,7 +58,9 @@ class LaminaProblem {
   bool operator()(const Scalar* z, Scalar* residuals) const {
     const auto materials = space_.at(z);
     if constexpr (std::is_same_v<Scalar, double>) {
-      if (!isAdmissible(materials.fiber) || !isAdmissible(materials.matrix)) return false;
+      if (!isAdmissible(materials.fiber) || !isAdmissible(materials.matrix)) {
+        return false;
+      }
     }
     const auto effective =
         homogeniseElastic(materials.fiber, materials.matrix, fiberFraction_).effective;
@@ -79,7 +83,9 @@ class LaminaProblem {
     int count = 0;
     for (const auto& row : kLaminaTargets) {
       const double target = constantOf(target_, row.constant);
-      if (!isGiven(target)) continue;
+      if (!isGiven(target)) {
+        continue;
+      }
       const double relative = constantOf(effective, row.constant) / target - 1.0;
       sum += relative * relative;
       ++count;

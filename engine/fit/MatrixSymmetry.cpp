@@ -56,7 +56,9 @@ MatrixStart matrixStart(const Properties& matrix, const bool flaggedIsotropic) {
   if (isSymmetricAbout1(matrix)) {
     return {MatrixSymmetry::transverselyIsotropic, transverselyIsotropic(matrix)};
   }
-  if (isSymmetricAbout3(matrix)) return {MatrixSymmetry::isotropic, meanOverAllAxes(matrix)};
+  if (isSymmetricAbout3(matrix)) {
+    return {MatrixSymmetry::isotropic, meanOverAllAxes(matrix)};
+  }
   return {MatrixSymmetry::transverselyIsotropic, meanOverAxes2And3(matrix)};
 }
 

@@ -50,7 +50,9 @@ Constituents moved(Constituents materials,
                    const double change,
                    const MatrixSymmetry symmetry) {
   materials.*(unknown.phase).*(unknown.member) += change * unknown.scale;
-  if (symmetry == MatrixSymmetry::isotropic) materials.matrix.a22 = materials.matrix.a11;
+  if (symmetry == MatrixSymmetry::isotropic) {
+    materials.matrix.a22 = materials.matrix.a11;
+  }
   return materials;
 }
 
@@ -58,7 +60,9 @@ double relativeRms(const CompositeExpansion& value, const CompositeExpansion& ta
   double sum = 0.0;
   int count = 0;
   for (Eigen::Index i = 0; i < target.size(); ++i) {
-    if (target(i) == 0.0) continue;
+    if (target(i) == 0.0) {
+      continue;
+    }
     const double deviation = value(i) / target(i) - 1.0;
     sum += deviation * deviation;
     ++count;
@@ -92,14 +96,18 @@ ThermalFitResult fitExpansions(const ExpansionModel& model,
   const bool usable = std::isfinite(initial) && (target.array() != 0.0).any();
   result.summary = {Termination::failed, initial, initial, 0};
   if (!usable) {
-    if (!std::isfinite(initial)) result.summary.initialError = kNoModelError;
+    if (!std::isfinite(initial)) {
+      result.summary.initialError = kNoModelError;
+    }
     result.summary.finalError = std::max(result.summary.initialError, 0.0);
     return result;
   }
 
   const auto list = unknowns(start, symmetry);
   const Eigen::MatrixXd rows = sensitivity(model, result, list, symmetry, target);
-  if (!rows.allFinite()) return result;
+  if (!rows.allFinite()) {
+    return result;
+  }
   Eigen::JacobiSVD<Eigen::MatrixXd> svd(rows, Eigen::ComputeThinU | Eigen::ComputeThinV);
   svd.setThreshold(kRankTolerance);
   const CompositeExpansion missing = (target.array() != 0.0).select(target - result.expansion, 0.0);
@@ -111,7 +119,9 @@ ThermalFitResult fitExpansions(const ExpansionModel& model,
   }
   const CompositeExpansion expansion = model(fitted);
   const double error = relativeRms(expansion, target);
-  if (!(error <= initial)) return result;
+  if (!(error <= initial)) {
+    return result;
+  }
   return {fitted,
           expansion,
           {error <= maximumError ? Termination::converged : Termination::bestCompromise,

@@ -49,7 +49,9 @@ Properties laminaOf(const Constituents& materials,
                     const Properties& given) {
   const auto lamina =
       properties(homogenise(materials.fiber, materials.matrix, fiberFraction).effective);
-  if (isAdmissible(lamina)) return lamina;
+  if (isAdmissible(lamina)) {
+    return lamina;
+  }
   const auto elastic = withExpansionsOf(given, lamina);
   return isAdmissible(elastic) ? elastic : given;
 }

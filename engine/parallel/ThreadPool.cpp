@@ -30,7 +30,9 @@ struct ThreadPool::Shared {
         (*work)(item);
       } catch (...) {
         const std::lock_guard<std::mutex> lock(mutex);
-        if (!failure) failure = std::current_exception();
+        if (!failure) {
+          failure = std::current_exception();
+        }
       }
     }
   }
@@ -39,8 +41,12 @@ struct ThreadPool::Shared {
   template <typename Condition>
   void waitFor(std::condition_variable& signal, Condition condition) {
     for (int look = 0; look < kLooks; ++look) {
-      if (condition()) return;
-      if (look % kLooksPerYield == 0) std::this_thread::yield();
+      if (condition()) {
+        return;
+      }
+      if (look % kLooksPerYield == 0) {
+        std::this_thread::yield();
+      }
     }
     std::unique_lock<std::mutex> lock(mutex);
     signal.wait(lock, condition);
@@ -49,7 +55,9 @@ struct ThreadPool::Shared {
   void serve(unsigned seen) {
     while (true) {
       waitFor(wake, [&] { return stopping || round != seen; });
-      if (stopping) return;
+      if (stopping) {
+        return;
+      }
       seen = round;
       takeItems();
       if (--busy == 0) {
@@ -76,7 +84,9 @@ void ThreadPool::rest() {
     shared_->stopping = true;
   }
   shared_->wake.notify_all();
-  for (std::thread& worker : shared_->workers) worker.join();
+  for (std::thread& worker : shared_->workers) {
+    worker.join();
+  }
   shared_->workers.clear();
   shared_->stopping = false;
 }
@@ -85,13 +95,17 @@ int ThreadPool::defaultThreads() {
   constexpr long kMost = 256;
   const char* const text = std::getenv("KX_THREADS");
   const long asked = text == nullptr ? 0 : std::strtol(text, nullptr, 10);
-  if (asked >= 1) return static_cast<int>(std::min(asked, kMost));
+  if (asked >= 1) {
+    return static_cast<int>(std::min(asked, kMost));
+  }
   return std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
 }
 
 void ThreadPool::forEach(const std::size_t items, const std::function<void(std::size_t)>& work) {
   if (threads_ == 1 || items < 2) {
-    for (std::size_t item = 0; item < items; ++item) work(item);
+    for (std::size_t item = 0; item < items; ++item) {
+      work(item);
+    }
     return;
   }
   while (shared_->workers.size() + 1 < static_cast<std::size_t>(threads_)) {
@@ -109,7 +123,9 @@ void ThreadPool::forEach(const std::size_t items, const std::function<void(std::
   shared_->wake.notify_all();
   shared_->takeItems();
   shared_->waitFor(shared_->done, [this] { return shared_->busy == 0; });
-  if (shared_->failure) std::rethrow_exception(shared_->failure);
+  if (shared_->failure) {
+    std::rethrow_exception(shared_->failure);
+  }
 }
 
 }  // namespace kx

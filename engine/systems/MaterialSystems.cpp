@@ -68,7 +68,9 @@ constexpr std::array<SystemRow, 18> kSystems{{
 }  // namespace
 
 SystemDefaults systemDefaults(const std::int32_t number) noexcept {
-  if (number < 1 || static_cast<std::size_t>(number) > kSystems.size()) return {};
+  if (number < 1 || static_cast<std::size_t>(number) > kSystems.size()) {
+    return {};
+  }
   const SystemRow& row = kSystems[static_cast<std::size_t>(number) - 1];
   const auto& [e, v, a] = kMatrices[static_cast<std::size_t>(row.matrix)];
   return {properties(kFibers[static_cast<std::size_t>(row.fiber)]), properties(isotropic(e, v, a))};

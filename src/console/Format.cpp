@@ -42,7 +42,9 @@ class NumberStream {
   template <typename Number>
   std::string write(Number value) {
     const std::lock_guard lock(mutex_);
-    if (const std::locale current; stream_.getloc() != current) stream_.imbue(current);
+    if (const std::locale current; stream_.getloc() != current) {
+      stream_.imbue(current);
+    }
     stream_.str({});
     stream_ << std::setw(width_) << value;
     return stream_.str();

@@ -33,8 +33,12 @@ class SteadyConversion : public Conversion {
       from = fromNext;
       to = toNext;
       const result answer = inner_.out(state, from, fromEnd, fromNext, to, toEnd, toNext);
-      if (answer != error) return answer;
-      if (toNext == toEnd) return partial;
+      if (answer != error) {
+        return answer;
+      }
+      if (toNext == toEnd) {
+        return partial;
+      }
       *toNext++ = '?';
       ++fromNext;
       state = std::mbstate_t();
@@ -87,7 +91,9 @@ bool converts(const Conversion& conversion, wchar_t character) {
 bool knowsLetters(const std::locale& locale) {
   const auto& conversion = std::use_facet<Conversion>(locale);
   for (const wchar_t letter : L"\u00e4\u0103\u03b1\u044f\u05d0\u0627\u0e01\u3042\u6c34") {
-    if (letter != L'\0' && converts(conversion, letter)) return true;
+    if (letter != L'\0' && converts(conversion, letter)) {
+      return true;
+    }
   }
   return false;
 }

@@ -61,7 +61,9 @@ void setupLocalization(const std::optional<std::string>& messagesPath,
 
 void setupConsole() {
   constexpr unsigned kWesternEuropean = 1252;
-  if (!isGermanSystem()) return;
+  if (!isGermanSystem()) {
+    return;
+  }
   if (!platform::supportsConsoleFonts()) {
     console::Output().text("Unable to set console to Unicode font").endLine();
     return;

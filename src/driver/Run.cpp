@@ -24,7 +24,9 @@ void printUsage(const char* program) {
 
 ExitCode run(int count, const char* const* arguments) {
   platform::weatherFaults();
-  if (!runLocalization([] { setupLocalization(); })) return ExitCode::success;
+  if (!runLocalization([] { setupLocalization(); })) {
+    return ExitCode::success;
+  }
   if (count < 2) {
     printUsage(count > 0 ? arguments[0] : "");
     return ExitCode::success;

@@ -126,7 +126,9 @@ void Material::writeFiles(const std::string& folder) const {
   }
 
   const platform::FolderLock lock(folder);
-  if (!mayWrite(folder)) return;  // another run has brought its material to an end meanwhile
+  if (!mayWrite(folder)) {  // another run has brought its material to an end meanwhile
+    return;
+  }
   requireRemoval(materialData);
   if (composite_->presence.snData) {
     requireRemoval(fatigueData);

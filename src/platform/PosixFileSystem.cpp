@@ -27,7 +27,9 @@ std::unique_ptr<char, Free> withoutLinks(const std::string& path) {
 
 bool isTerminal(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) return false;
+  if (file < 0) {
+    return false;
+  }
   const bool isOne = isatty(file) == 1 && ptsname(file) == nullptr;  // no master of a new one
   close(file);
   return isOne;
@@ -51,7 +53,9 @@ bool empty(const int file) {
 bool writeAll(const int file, const char* bytes, std::size_t size) {
   while (size > 0) {
     const ssize_t written = write(file, bytes, size);
-    if (written <= 0) return false;
+    if (written <= 0) {
+      return false;
+    }
     bytes += written;
     size -= static_cast<std::size_t>(written);
   }
@@ -62,7 +66,9 @@ bool copyBytes(const int from, const int to) {
   std::array<char, 32768> piece{};
   ssize_t size = 0;
   while ((size = read(from, piece.data(), piece.size())) > 0) {
-    if (!writeAll(to, piece.data(), static_cast<std::size_t>(size))) return false;
+    if (!writeAll(to, piece.data(), static_cast<std::size_t>(size))) {
+      return false;
+    }
   }
   return size == 0;
 }
@@ -80,7 +86,9 @@ std::string pathSeparator() {
 
 std::optional<std::uint32_t> fileAttributes(const std::string& path) {
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  if (stat(path.c_str(), &status) != 0) {
+    return std::nullopt;
+  }
   return S_ISDIR(status.st_mode) ? kFolderAttribute : kNormalAttribute;
 }
 
@@ -88,17 +96,27 @@ bool createFolder(const std::string& path) {
   constexpr mode_t kDefaultAccess = 0777;  // less what the user's mask takes away
   constexpr mode_t kBits = 07777;
   struct stat status {};
-  if (mkdir(path.c_str(), kDefaultAccess) != 0) return false;
+  if (mkdir(path.c_str(), kDefaultAccess) != 0) {
+    return false;
+  }
   const bool isNarrow = stat(path.c_str(), &status) == 0 && (status.st_mode & S_IRWXU) != S_IRWXU;
-  if (isNarrow) chmod(path.c_str(), (status.st_mode & kBits) | S_IRWXU);
+  if (isNarrow) {
+    chmod(path.c_str(), (status.st_mode & kBits) | S_IRWXU);
+  }
   return true;
 }
 
 bool hasAnEnd(const std::string& path) {
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0) return true;
-  if (S_ISFIFO(status.st_mode)) return withoutLinks(path) == nullptr;
-  if (S_ISCHR(status.st_mode)) return isNullDevice(status) || isTerminal(path);
+  if (stat(path.c_str(), &status) != 0) {
+    return true;
+  }
+  if (S_ISFIFO(status.st_mode)) {
+    return withoutLinks(path) == nullptr;
+  }
+  if (S_ISCHR(status.st_mode)) {
+    return isNullDevice(status) || isTerminal(path);
+  }
   return !S_ISBLK(status.st_mode);
 }
 
@@ -119,10 +137,14 @@ Creation createFile(const std::string& path) {
   constexpr mode_t kDefaultAccess = 0666;       // less what the user's mask takes away
   constexpr mode_t kOwner = S_IRUSR | S_IWUSR;  // but for this, or nobody could write it
   const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kDefaultAccess);
-  if (file < 0) return errno == EEXIST ? Creation::taken : Creation::failed;
+  if (file < 0) {
+    return errno == EEXIST ? Creation::taken : Creation::failed;
+  }
   struct stat status {};
   const bool isNarrow = fstat(file, &status) == 0 && (status.st_mode & kOwner) != kOwner;
-  if (isNarrow) fchmod(file, (status.st_mode & kDefaultAccess) | kOwner);
+  if (isNarrow) {
+    fchmod(file, (status.st_mode & kDefaultAccess) | kOwner);
+  }
   close(file);
   return Creation::done;
 }
@@ -135,9 +157,15 @@ bool overwriteFile(const std::string& from, const std::string& to) {
   const int source = open(from.c_str(), O_RDONLY | O_CLOEXEC);
   const int file = source < 0 ? -1 : openForWriting(to);
   bool isDone = file >= 0 && empty(file) && copyBytes(source, file);
-  if (file >= 0 && !isDone) empty(file);  // what was cut short must not look as if it were whole
-  if (file >= 0) isDone = close(file) == 0 && isDone;
-  if (source >= 0) close(source);
+  if (file >= 0 && !isDone) {  // what was cut short must not look as if it were whole
+    empty(file);
+  }
+  if (file >= 0) {
+    isDone = close(file) == 0 && isDone;
+  }
+  if (source >= 0) {
+    close(source);
+  }
   return isDone;
 }
 
@@ -145,7 +173,9 @@ void copyAccess(const std::string& from, const std::string& to) {
   constexpr mode_t kAccess = 0777;
   constexpr auto kSameOwner = static_cast<uid_t>(-1);
   struct stat status {};
-  if (stat(from.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  if (stat(from.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return;
+  }
   // Without its group, the rights of the group would be those of another one.
   if (chown(to.c_str(), status.st_uid, status.st_gid) == 0 ||
       chown(to.c_str(), kSameOwner, status.st_gid) == 0) {
@@ -154,11 +184,17 @@ void copyAccess(const std::string& from, const std::string& to) {
 }
 
 bool removeFile(const std::string& path) {
-  if (isFolder(path)) return true;
-  if (unlink(path.c_str()) == 0 || errno == ENOENT) return true;
+  if (isFolder(path)) {
+    return true;
+  }
+  if (unlink(path.c_str()) == 0 || errno == ENOENT) {
+    return true;
+  }
   const int file = openForWriting(path);
   const bool isEmpty = file >= 0 && empty(file);
-  if (file >= 0) close(file);
+  if (file >= 0) {
+    close(file);
+  }
   return isEmpty;
 }
 

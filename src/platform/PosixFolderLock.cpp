@@ -24,13 +24,17 @@ struct FolderLock::Handle {
 FolderLock::FolderLock(const std::string& folder) : handle_(std::make_unique<Handle>()) {
   handle_->file = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   for (int i = 0; i < kTries && flock(handle_->file, LOCK_EX | LOCK_NB) != 0; ++i) {
-    if (errno != EWOULDBLOCK) break;
+    if (errno != EWOULDBLOCK) {
+      break;
+    }
     std::this_thread::sleep_for(kPause);
   }
 }
 
 FolderLock::~FolderLock() {
-  if (handle_->file >= 0) close(handle_->file);
+  if (handle_->file >= 0) {
+    close(handle_->file);
+  }
 }
 
 }  // namespace lamcraft::platform

@@ -9,9 +9,13 @@ std::optional<std::string> installedCatalogueFolder() {
   namespace fs = std::filesystem;
   std::error_code failure;
   const fs::path executable = fs::read_symlink("/proc/self/exe", failure);
-  if (failure) return std::nullopt;
+  if (failure) {
+    return std::nullopt;
+  }
   const fs::path folder = executable.parent_path() / ".." / "share" / "locale";
-  if (!fs::is_directory(folder, failure)) return std::nullopt;
+  if (!fs::is_directory(folder, failure)) {
+    return std::nullopt;
+  }
   return folder.string();
 }
 

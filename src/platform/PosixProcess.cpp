@@ -15,7 +15,9 @@ void weatherFaults() {
   while (file >= 0 && file <= STDERR_FILENO) {
     file = open("/dev/null", O_RDWR);
   }
-  if (file >= 0) close(file);
+  if (file >= 0) {
+    close(file);
+  }
 }
 
 }  // namespace lamcraft::platform

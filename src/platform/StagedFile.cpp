@@ -21,8 +21,12 @@ std::string newPart(const std::string& path) {
   for (int number = 1; number <= kNames; ++number) {
     std::string name = partName(path, number);
     const Creation creation = createFile(name);
-    if (creation == Creation::done) return name;
-    if (creation == Creation::failed) break;
+    if (creation == Creation::done) {
+      return name;
+    }
+    if (creation == Creation::failed) {
+      break;
+    }
   }
   return {};
 }
@@ -39,22 +43,30 @@ bool StagedFile::create() {
   discard();
   part_ = newPart(target_);
   // The folder that a link leads to may take no new file, though the old one there may be written.
-  if (part_.empty() && target_ != path_) part_ = newPart(path_);
+  if (part_.empty() && target_ != path_) {
+    part_ = newPart(path_);
+  }
   return !part_.empty();
 }
 
 void StagedFile::discard() {
-  if (!part_.empty()) removeFile(part_);
+  if (!part_.empty()) {
+    removeFile(part_);
+  }
   part_.clear();
 }
 
 bool StagedFile::removeOld() const {
-  if (!part_.empty()) copyAccess(target_, part_);
+  if (!part_.empty()) {
+    copyAccess(target_, part_);
+  }
   return removeFile(target_);
 }
 
 bool StagedFile::commit() {
-  if (part_.empty()) return false;
+  if (part_.empty()) {
+    return false;
+  }
   copyAccess(target_, part_);
   if (replaceFile(part_, target_)) {
     part_.clear();

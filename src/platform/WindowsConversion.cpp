@@ -37,9 +37,15 @@ std::codecvt_base::result ConsoleConversion::do_out(std::mbstate_t& /*state*/,
     std::array<char, kLongestCharacter> bytes{};
     const int size = WideCharToMultiByte(
         codePage, 0, fromNext, units, bytes.data(), kLongestCharacter, nullptr, nullptr);
-    if (size <= 0) return error;
-    if (toEnd - toNext < size) return partial;
-    for (int i = 0; i < size; ++i) *toNext++ = bytes[static_cast<std::size_t>(i)];
+    if (size <= 0) {
+      return error;
+    }
+    if (toEnd - toNext < size) {
+      return partial;
+    }
+    for (int i = 0; i < size; ++i) {
+      *toNext++ = bytes[static_cast<std::size_t>(i)];
+    }
     fromNext += units;
   }
   return ok;

@@ -14,9 +14,13 @@ bool patiently(const Attempt& attempt) {
   constexpr int kAttempts = 20;
   constexpr DWORD kPause = 50;  // ms
   for (int i = 0; i < kAttempts; ++i) {
-    if (attempt()) return true;
+    if (attempt()) {
+      return true;
+    }
     const DWORD error = GetLastError();
-    if (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED) return false;
+    if (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED) {
+      return false;
+    }
     Sleep(kPause);
   }
   return attempt();
@@ -30,12 +34,16 @@ DWORD attributesOf(const std::wstring& path) {
 /// Windows neither removes nor replaces a file that has the read-only attribute.
 void allowWriting(const std::wstring& path) {
   const DWORD attributes = attributesOf(path);
-  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return;
+  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) {
+    return;
+  }
   SetFileAttributesW(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
 }
 
 bool remove(const std::wstring& path) {
-  if (DeleteFileW(path.c_str()) != 0) return true;
+  if (DeleteFileW(path.c_str()) != 0) {
+    return true;
+  }
   const DWORD error = GetLastError();
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
 }
@@ -49,7 +57,9 @@ bool empty(const std::wstring& path) {
                                   TRUNCATE_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL,
                                   nullptr);
-  if (file == INVALID_HANDLE_VALUE) return false;
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
   CloseHandle(file);
   return true;
 }
@@ -62,7 +72,9 @@ std::string pathSeparator() {
 
 std::optional<std::uint32_t> fileAttributes(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(widened(path).c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    return std::nullopt;
+  }
   return attributes;
 }
 
@@ -94,7 +106,9 @@ Creation createFile(const std::string& path) {
 }
 
 bool replaceFile(const std::string& from, const std::string& to) {
-  if (isFolder(to)) return false;
+  if (isFolder(to)) {
+    return false;
+  }
   const std::wstring source = widened(from);
   const std::wstring target = widened(to);
   allowWriting(target);
@@ -109,11 +123,15 @@ bool overwriteFile(const std::string& from, const std::string& to) {
 void copyAccess(const std::string& from, const std::string& to) {
   const DWORD readOnly = attributesOf(widened(from)) & FILE_ATTRIBUTE_READONLY;
   const std::wstring target = widened(to);
-  if (readOnly != 0) SetFileAttributesW(target.c_str(), attributesOf(target) | readOnly);
+  if (readOnly != 0) {
+    SetFileAttributesW(target.c_str(), attributesOf(target) | readOnly);
+  }
 }
 
 bool removeFile(const std::string& path) {
-  if (isFolder(path)) return true;
+  if (isFolder(path)) {
+    return true;
+  }
   const std::wstring name = widened(path);
   allowWriting(name);
   return patiently([&] { return remove(name) || empty(name); });

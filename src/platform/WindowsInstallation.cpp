@@ -23,7 +23,9 @@ std::optional<std::wstring> installLocation() {
       key, L"InstallLocation", nullptr, &type, reinterpret_cast<BYTE*>(value.data()), &size);
   RegCloseKey(key);
   const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
-  if (answer != ERROR_SUCCESS || !isText) return std::nullopt;
+  if (answer != ERROR_SUCCESS || !isText) {
+    return std::nullopt;
+  }
   value.back() = L'\0';  // the registry need not end a text with a null
   return std::wstring(value.data());
 }
@@ -32,7 +34,9 @@ std::optional<std::wstring> installLocation() {
 
 std::optional<std::string> installedCatalogueFolder() {
   const auto folder = installLocation();
-  if (!folder) return std::nullopt;
+  if (!folder) {
+    return std::nullopt;
+  }
   return catalogueFolderBelow(*folder);
 }
 

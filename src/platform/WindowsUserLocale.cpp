@@ -29,7 +29,9 @@ std::locale userLocale() {
 
 std::string userLocaleName() {
   const char* name = std::setlocale(LC_ALL, "");
-  if (name == nullptr) throw std::runtime_error("bad locale name");
+  if (name == nullptr) {
+    throw std::runtime_error("bad locale name");
+  }
   std::string copy = name;
   std::setlocale(LC_ALL, "C");  // numbers of decks and data files are read and written in "C"
   return copy;

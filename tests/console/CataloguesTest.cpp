@@ -47,7 +47,9 @@ template <typename Entry>
 std::vector<std::string> textsOf(const std::vector<Entry>& entries) {
   std::vector<std::string> texts;
   texts.reserve(entries.size());
-  for (const auto& entry : entries) texts.push_back(entry.text);
+  for (const auto& entry : entries) {
+    texts.push_back(entry.text);
+  }
   return texts;
 }
 
@@ -55,7 +57,9 @@ std::vector<std::string> textsOf(const std::vector<Entry>& entries) {
 std::vector<fs::path> catalogueFiles() {
   std::vector<fs::path> files;
   for (const auto& entry : fs::directory_iterator(kRoot / "locale")) {
-    if (entry.is_directory()) files.push_back(entry.path() / "cvqt.po");
+    if (entry.is_directory()) {
+      files.push_back(entry.path() / "cvqt.po");
+    }
   }
   return files;
 }
@@ -97,14 +101,18 @@ TEST(Catalogues, EveryLanguageTranslatesTheMessagesOfTheCodeAndNoOthers) {
 std::map<fs::path, std::string> sources() {
   std::map<fs::path, std::string> found;
   for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
-    if (entry.path().extension() == ".cpp") found[entry.path()] = test::contentOf(entry.path());
+    if (entry.path().extension() == ".cpp") {
+      found[entry.path()] = test::contentOf(entry.path());
+    }
   }
   return found;
 }
 
 TEST(Catalogues, CodeTranslatesNothingButTheMessages) {
   for (const auto& [file, code] : sources()) {
-    if (file == kRoot / "src/console/Output.cpp") continue;
+    if (file == kRoot / "src/console/Output.cpp") {
+      continue;
+    }
     for (const char* call : {"message(L\"", "translate(", "gettext("}) {
       EXPECT_EQ(code.find(call), std::string::npos) << file << " has " << call;
     }
@@ -113,7 +121,9 @@ TEST(Catalogues, CodeTranslatesNothingButTheMessages) {
 
 TEST(Catalogues, CodeShowsEveryMessage) {
   std::string code;
-  for (const auto& source : sources()) code += source.second;
+  for (const auto& source : sources()) {
+    code += source.second;
+  }
   for (const auto& message : messages()) {
     const std::string name = "console::" + message.name;
     auto at = code.find(name);

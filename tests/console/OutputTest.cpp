@@ -81,7 +81,9 @@ TEST(Output, LinesOfTwoThreadsNeverMix) {
 
   std::multiset<std::string> lines;
   std::istringstream stream(console.shown());
-  for (std::string line; std::getline(stream, line);) lines.insert(line);
+  for (std::string line; std::getline(stream, line);) {
+    lines.insert(line);
+  }
   EXPECT_EQ(lines.size(), 2U * kLines);
   EXPECT_EQ(lines.count("Iteration: main Error:0.5"), std::size_t{kLines});
   EXPECT_EQ(lines.count("Iteration: monitor Error:0.5"), std::size_t{kLines});

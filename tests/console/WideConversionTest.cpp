@@ -39,8 +39,12 @@ class Latin : public std::codecvt<wchar_t, char, std::mbstate_t> {
     fromNext = from;
     toNext = to;
     for (; fromNext != fromEnd; ++fromNext) {
-      if (*fromNext > last_) return error;
-      if (toNext == toEnd) return partial;
+      if (*fromNext > last_) {
+        return error;
+      }
+      if (toNext == toEnd) {
+        return partial;
+      }
       *toNext++ = static_cast<char>(static_cast<unsigned char>(*fromNext));
     }
     return ok;

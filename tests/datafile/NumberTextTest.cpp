@@ -69,7 +69,9 @@ TEST(NumberText, AgreesWithPrintfOnAnyBits) {
     const std::uint64_t pattern = bits();
     double value = 0.0;
     std::memcpy(&value, &pattern, sizeof value);
-    if (std::isnan(value)) continue;  // printf need not show its sign, and Windows' does not
+    if (std::isnan(value)) {  // printf need not show its sign, and Windows' does not
+      continue;
+    }
     ASSERT_STREQ(formatted(value).data(), printed(value).c_str()) << std::hex << pattern;
   }
 }

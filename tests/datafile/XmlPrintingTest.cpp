@@ -25,9 +25,12 @@ std::string printedBy(const Print& print) {
 void print(const TiXmlDocument& document, std::FILE* const file) {
   Printer printer(file);
   for (const TiXmlNode* node = document.FirstChild(); node != nullptr; node = node->NextSibling()) {
-    if (const TiXmlElement* const element = node->ToElement()) printer.put(*element, 0);
-    if (const TiXmlDeclaration* const declaration = node->ToDeclaration())
+    if (const TiXmlElement* const element = node->ToElement()) {
+      printer.put(*element, 0);
+    }
+    if (const TiXmlDeclaration* const declaration = node->ToDeclaration()) {
       printer.put(*declaration);
+    }
   }
   printer.finish();
 }

@@ -95,7 +95,9 @@ std::set<std::string> testsNamedIn(const char* const document) {
   const std::regex row(R"(^\|.*\| `(\w+\.\w+)` \|$)");
   for (std::string line; std::getline(in, line);) {
     std::smatch found;
-    if (std::regex_match(line, found, row)) names.insert(found[1]);
+    if (std::regex_match(line, found, row)) {
+      names.insert(found[1]);
+    }
   }
   return names;
 }

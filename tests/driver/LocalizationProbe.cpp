@@ -67,7 +67,9 @@ void showMessages(const char* file) {
   std::ifstream stream(file);
   const std::string label = "msgid \"";
   for (std::string line; std::getline(stream, line);) {
-    if (line.rfind(label, 0) != 0 || line == label + "\"") continue;
+    if (line.rfind(label, 0) != 0 || line == label + "\"") {
+      continue;
+    }
     const std::string key = line.substr(label.size(), line.rfind('"') - label.size());
     Output().message(std::wstring(key.begin(), key.end()).c_str()).endLine();
   }
@@ -83,7 +85,9 @@ const std::map<std::string, std::function<void()>> kShows{{"installation", showI
 }  // namespace lamcraft
 
 int main(int argc, char** argv) {
-  if (argc < 2) return 1;
+  if (argc < 2) {
+    return 1;
+  }
   lamcraft::driver::setupLocalization();
   if (argc == 3) {
     lamcraft::showMessages(argv[2]);

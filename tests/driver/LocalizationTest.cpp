@@ -60,7 +60,9 @@ TEST(Localization, EveryMessageOfEveryLanguageArrivesAsUtf8) {
   const std::string keys = (sources / "cvqt.pot").string();
   std::size_t languages = 0;
   for (const auto& folder : fs::directory_iterator(sources)) {
-    if (!folder.is_directory()) continue;
+    if (!folder.is_directory()) {
+      continue;
+    }
     std::string expected;
     for (const auto& entry : test::catalogueEntries(folder.path() / "cvqt.po")) {
       expected += entry.translation + "\n";

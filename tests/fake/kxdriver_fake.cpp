@@ -120,8 +120,12 @@ class Call {
 
 /// What a fit does besides fitting.
 void takeTime() {
-  if (fault() == "throw") throw std::runtime_error("the library failed");
-  if (fault() == "abort") std::abort();
+  if (fault() == "throw") {
+    throw std::runtime_error("the library failed");
+  }
+  if (fault() == "abort") {
+    std::abort();
+  }
   std::this_thread::sleep_for(std::chrono::milliseconds(setting("KXFAKE_SLEEP_MS", 0)));
 }
 

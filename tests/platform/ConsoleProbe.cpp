@@ -38,7 +38,9 @@ DWORD exitCodeOf(const std::string& program) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) return 1;
+  if (argc != 3) {
+    return 1;
+  }
   std::ofstream report(argv[1]);
   report << "exit code " << exitCodeOf(argv[2]) << "\n";
   report << "code page " << GetConsoleOutputCP() << "\n";

@@ -68,7 +68,9 @@ TEST(PosixFileSystem, PipeThatTheProcessWasHandedHasAnEnd) {
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
   EXPECT_TRUE(hasAnEnd("/dev/fd/" + std::to_string(pipe[0])));
-  for (const int file : pipe) close(file);
+  for (const int file : pipe) {
+    close(file);
+  }
 }
 
 TEST(PosixFileSystem, OverwrittenFileStaysTheSameFile) {

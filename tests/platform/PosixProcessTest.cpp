@@ -19,7 +19,9 @@ namespace {
 template <typename Work>
 int inAnotherProcess(Work work) {
   const pid_t id = fork();
-  if (id == 0) _exit(work());
+  if (id == 0) {
+    _exit(work());
+  }
   int status = 0;
   waitpid(id, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -48,7 +50,9 @@ TEST(Process, ReaderThatGoesAwayMakesTheWriteFail) {
   EXPECT_EQ(inAnotherProcess([] {
               weatherFaults();
               std::array<int, 2> ends{};
-              if (pipe(ends.data()) != 0) return 2;
+              if (pipe(ends.data()) != 0) {
+                return 2;
+              }
               close(ends[0]);
               return write(ends[1], "x", 1) < 0 ? 0 : 1;
             }),

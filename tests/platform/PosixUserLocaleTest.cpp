@@ -12,7 +12,9 @@ namespace {
 class PosixUserLocale : public testing::Test {
  protected:
   void SetUp() override {
-    if (const char* all = std::getenv("LC_ALL")) previous_ = all;
+    if (const char* all = std::getenv("LC_ALL")) {
+      previous_ = all;
+    }
   }
   void TearDown() override { choose(previous_); }
 

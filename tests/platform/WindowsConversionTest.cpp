@@ -41,19 +41,25 @@ bool isWesternEuropean() {
 }
 
 TEST(WindowsConversion, LettersOfTheCodePageBecomeItsBytes) {
-  if (!isWesternEuropean()) GTEST_SKIP() << "the code page is another";
+  if (!isWesternEuropean()) {
+    GTEST_SKIP() << "the code page is another";
+  }
   const Converted text = converted(L"Schicht \u00fc\u20ac");
   EXPECT_EQ(text.result, std::codecvt_base::ok);
   EXPECT_EQ(text.bytes, "Schicht \xfc\x80");
 }
 
 TEST(WindowsConversion, WhatTheCodePageLacksIsReplaced) {
-  if (!isWesternEuropean()) GTEST_SKIP() << "the code page is another";
+  if (!isWesternEuropean()) {
+    GTEST_SKIP() << "the code page is another";
+  }
   EXPECT_EQ(converted(L"a\u7e4ab").bytes, "a?b");
 }
 
 TEST(WindowsConversion, PairOfSurrogatesIsOneCharacter) {
-  if (!isWesternEuropean()) GTEST_SKIP() << "the code page is another";
+  if (!isWesternEuropean()) {
+    GTEST_SKIP() << "the code page is another";
+  }
   const Converted text = converted(
       L"a\xd83d\xde00"
       L"b");

@@ -13,7 +13,9 @@ TEST(WindowsText, AsciiIsTheSameInEveryCodePage) {
 }
 
 TEST(WindowsText, BytesAreReadInTheCodePageOfWindows) {
-  if (GetACP() != 1252) GTEST_SKIP() << "the code page is " << GetACP();
+  if (GetACP() != 1252) {
+    GTEST_SKIP() << "the code page is " << GetACP();
+  }
   EXPECT_EQ(widened("\xd6l f\xfcr \x80"), L"\u00d6l f\u00fcr \u20ac");
 }
 

@@ -88,7 +88,9 @@ TEST_F(Deck, FromAPipeIsRead) {
   folder_.write("deck.qdk", text_);
   const Ending ending = run("/dev/stdin", [this] {
     int ends[2];
-    if (pipe(ends) != 0 || write(ends[1], text_.data(), text_.size()) < 0) throw std::exception();
+    if (pipe(ends) != 0 || write(ends[1], text_.data(), text_.size()) < 0) {
+      throw std::exception();
+    }
     dup2(ends[0], STDIN_FILENO);
     close(ends[0]);
     close(ends[1]);
@@ -184,7 +186,9 @@ TEST_F(Deck, OfRandomBytesEndsWithAMessageAndNoFiles) {
   std::mt19937 random(1);
   for (int i = 0; i < 100; ++i) {
     std::string bytes(1 + random() % 20000, ' ');
-    for (char& byte : bytes) byte = static_cast<char>(random());
+    for (char& byte : bytes) {
+      byte = static_cast<char>(random());
+    }
     const Ending ending = runText(bytes);
     ASSERT_EQ(ending.exitCode, 1) << i;
     ASSERT_THAT(ending.out, StartsWith("FATAL ERROR: Malformed input file: \n")) << i;
@@ -211,7 +215,9 @@ TEST_F(Deck, CutAnywhereEndsWithAMessageOrWholeFiles) {
 constexpr std::size_t kHuge = std::size_t{2200} << 20;  // more than 32 bits with a sign can count
 
 TEST_F(Deck, BeyondMemoryIsReported) {
-  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  }
   const std::string huge = folder_.write("huge.qdk", text_);
   fs::resize_file(huge, kHuge);  // NUL bytes, of which the disk knows only their number
   constexpr unsigned long kMemory = 1UL << 30;
@@ -229,7 +235,9 @@ TEST_F(Deck, OfMoreThanTwoGigabytesIsRead) {
   const fs::path huge = folder_.write("huge.qdk", text_);
   {
     std::ofstream file(huge, std::ios::binary | std::ios::app);
-    for (std::size_t size = 0; size < kHuge; size += comment.size()) file << comment;
+    for (std::size_t size = 0; size < kHuge; size += comment.size()) {
+      file << comment;
+    }
   }
   EXPECT_EQ(run(huge.string()).exitCode, 0);
   const std::size_t surplus = fs::file_size(huge) - text_.size();

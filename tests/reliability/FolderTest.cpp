@@ -90,7 +90,9 @@ class Folder : public testing::Test {
   std::error_code ignored_;
 
   void fillWithOld() const {
-    for (const auto& [name, content] : old_) folder_.write("out/" + name, content);
+    for (const auto& [name, content] : old_) {
+      folder_.write("out/" + name, content);
+    }
   }
 };
 
@@ -262,10 +264,14 @@ TEST_F(Folder, OldFilesHandTheirAccessOn) {
 }
 
 TEST_F(Folder, OfOthersWhereNothingMayBeReplacedTakesTheFiles) {
-  if (!isAdministrator()) GTEST_SKIP() << kTakesTwoUsers;
+  if (!isAdministrator()) {
+    GTEST_SKIP() << kTakesTwoUsers;
+  }
   fillWithOld();
   fs::permissions(out_, fs::perms::all | fs::perms::sticky_bit);
-  for (const auto& [name, content] : old_) fs::permissions(out_ / name, kEverybody);
+  for (const auto& [name, content] : old_) {
+    fs::permissions(out_ / name, kEverybody);
+  }
   EXPECT_EQ(run(becomeNobody).exitCode, 0);
   EXPECT_EQ(filesIn(out_), fresh_) << "and no parts";
 }
@@ -282,7 +288,9 @@ TEST_F(Folder, OldDataThatAreWriteProtectedAreReplaced) {
 }
 
 TEST_F(Folder, OldDataThatCanNeitherBeRemovedNorEmptiedStopTheRun) {
-  if (!isAdministrator()) GTEST_SKIP() << kTakesTwoUsers;
+  if (!isAdministrator()) {
+    GTEST_SKIP() << kTakesTwoUsers;
+  }
   fillWithOld();
   fs::permissions(out_, fs::perms::all | fs::perms::sticky_bit);
   fs::permissions(out_ / "input.qdk", fs::perms::all);
@@ -316,7 +324,9 @@ TEST_F(Folder, TakesTheFilesOfOneOfSeveralRunsAtATime) {
       runs.push_back(std::make_unique<ForkedRun>(std::vector<std::string>{deck, "out"},
                                                  folder_.path().string()));
     }
-    for (const auto& running : runs) EXPECT_EQ(running->wait().exitCode, 0);
+    for (const auto& running : runs) {
+      EXPECT_EQ(running->wait().exitCode, 0);
+    }
     const Files files = filesIn(out_);
     ASSERT_TRUE(files == fresh_ || files == old_) << namesOf(files);
   }

@@ -26,8 +26,12 @@ constexpr int kNotPrepared = 120;  // no exit code of the program
                                const std::function<void()>& prepare,
                                const int out) {
   std::vector<const char*> words{"lamcraft"};
-  for (const std::string& argument : arguments) words.push_back(argument.c_str());
-  if (dup2(out, STDOUT_FILENO) < 0 || chdir(folder.c_str()) != 0) _exit(kNotPrepared);
+  for (const std::string& argument : arguments) {
+    words.push_back(argument.c_str());
+  }
+  if (dup2(out, STDOUT_FILENO) < 0 || chdir(folder.c_str()) != 0) {
+    _exit(kNotPrepared);
+  }
   close(out);
   setenv("LC_ALL", "C", 1);
   try {
@@ -54,7 +58,9 @@ std::string contentOf(const int file) {
 /// A file without a name.
 int temporaryFile() {
   std::FILE* const file = std::tmpfile();
-  if (file == nullptr) throw std::runtime_error("no temporary file");
+  if (file == nullptr) {
+    throw std::runtime_error("no temporary file");
+  }
   const int number = dup(fileno(file));
   std::fclose(file);
   return number;
@@ -68,8 +74,12 @@ ForkedRun::ForkedRun(const std::vector<std::string>& arguments,
     : out_(temporaryFile()) {
   std::fflush(nullptr);  // or the child would print what the test has not printed yet
   id_ = fork();
-  if (id_ < 0) throw std::runtime_error("cannot fork");
-  if (id_ == 0) beTheProgram(arguments, folder, prepare, out_);
+  if (id_ < 0) {
+    throw std::runtime_error("cannot fork");
+  }
+  if (id_ == 0) {
+    beTheProgram(arguments, folder, prepare, out_);
+  }
 }
 
 ForkedRun::~ForkedRun() {
@@ -86,10 +96,16 @@ Ending ForkedRun::wait() {
   }
   id_ = 0;
   Ending ending;
-  if (WIFEXITED(status)) ending.exitCode = WEXITSTATUS(status);
-  if (WIFSIGNALED(status)) ending.signal = WTERMSIG(status);
+  if (WIFEXITED(status)) {
+    ending.exitCode = WEXITSTATUS(status);
+  }
+  if (WIFSIGNALED(status)) {
+    ending.signal = WTERMSIG(status);
+  }
   ending.out = contentOf(out_);
-  if (ending.exitCode == kNotPrepared) throw std::runtime_error("a run could not be prepared");
+  if (ending.exitCode == kNotPrepared) {
+    throw std::runtime_error("a run could not be prepared");
+  }
   return ending;
 }
 
@@ -104,7 +120,9 @@ bool isAdministrator() {
 }
 
 void becomeNobody() {
-  if (!isAdministrator()) return;
+  if (!isAdministrator()) {
+    return;
+  }
   if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) {
     throw std::runtime_error("cannot become another user");
   }

@@ -31,7 +31,9 @@ class FullDisk : public testing::Test {
  protected:
   /// Thousands of runs: in memory, where there is such a disk.
   static void SetUpTestSuite() {
-    if (access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 0);
+    if (access("/dev/shm", W_OK) == 0) {
+      setenv("TMPDIR", "/dev/shm", 0);
+    }
   }
   void SetUp() override { folder_.write("deck.qdk", deck_.text()); }
 
@@ -47,24 +49,32 @@ class FullDisk : public testing::Test {
   /// What must lie in the folder then: whole files alone, and those of the new deck alone when its
   /// own copy is there.
   [[nodiscard]] Files expected(const std::size_t room, const Files& old) const {
-    if (room < fresh_.at("input.qdk").size()) return old;
+    if (room < fresh_.at("input.qdk").size()) {
+      return old;
+    }
     Files files;
     for (const auto& [name, content] : fresh_) {
-      if (content.size() <= room) files[name] = content;
+      if (content.size() <= room) {
+        files[name] = content;
+      }
     }
     return files;
   }
 
   [[nodiscard]] std::size_t largest() const {
     std::size_t size = 0;
-    for (const auto& [name, content] : fresh_) size = std::max(size, content.size());
+    for (const auto& [name, content] : fresh_) {
+      size = std::max(size, content.size());
+    }
     return size;
   }
 
   void fillWith(const Files& files) const {
     fs::remove_all(out_);
     fs::create_directory(out_);
-    for (const auto& [name, content] : files) folder_.write("out/" + name, content);
+    for (const auto& [name, content] : files) {
+      folder_.write("out/" + name, content);
+    }
   }
 
   void expectWholeFiles(const Files& old, const std::size_t step) const {
@@ -114,7 +124,9 @@ bool put(const char* const path, const std::string& text) {
 /// For a child: mounts of its own. Who is not the administrator becomes it among users of its own,
 /// in which no file has an owner, and none can be created, until its own user is there.
 bool becomeAlone() {
-  if (unshare(CLONE_NEWNS) == 0) return true;
+  if (unshare(CLONE_NEWNS) == 0) {
+    return true;
+  }
   const std::string user = std::to_string(geteuid());
   const std::string group = std::to_string(getegid());
   return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && put("/proc/self/setgroups", "deny") &&
@@ -136,11 +148,15 @@ bool mountDisk(const fs::path& folder, const std::size_t pages) {
 enum Verdict : int { isWhole = 0, isPartial = 1, isUnsound = 2, hasNoDisk = 3 };
 
 Verdict tryDisk(const fs::path& folder, const std::size_t pages, const Files& fresh) {
-  if (!mountDisk(folder / "out", pages)) return hasNoDisk;
+  if (!mountDisk(folder / "out", pages)) {
+    return hasNoDisk;
+  }
   const Ending ending = runForked({"deck.qdk", "out"}, folder.string());
   const Files files = filesIn(folder / "out");
   const bool isReported = (ending.exitCode == 0) == (files.count("input.qdk") > 0);
-  if (!isReported || !isSound(files, {}, fresh)) return isUnsound;
+  if (!isReported || !isSound(files, {}, fresh)) {
+    return isUnsound;
+  }
   return files == fresh ? isWhole : isPartial;
 }
 
@@ -150,11 +166,15 @@ TEST_F(FullDisk, LeavesWholeFilesOnADiskOfAFewPages) {
   std::string verdicts;
   for (std::size_t pages = 1; pages <= kPages; ++pages) {
     const pid_t id = fork();
-    if (id == 0) _exit(tryDisk(folder_.path(), pages, fresh_));
+    if (id == 0) {
+      _exit(tryDisk(folder_.path(), pages, fresh_));
+    }
     int status = 0;
     waitpid(id, &status, 0);
     ASSERT_TRUE(WIFEXITED(status));
-    if (WEXITSTATUS(status) == hasNoDisk) GTEST_SKIP() << "nobody may mount a disk here";
+    if (WEXITSTATUS(status) == hasNoDisk) {
+      GTEST_SKIP() << "nobody may mount a disk here";
+    }
     EXPECT_NE(WEXITSTATUS(status), isUnsound) << pages << " pages";
     verdicts += WEXITSTATUS(status) == isWhole ? 'w' : 'p';
   }

@@ -26,7 +26,9 @@ bool isOf(const Files& files, const Files& whole) {
 
 Files filesIn(const fs::path& folder, const bool withParts) {
   Files files;
-  if (!fs::is_directory(folder)) return files;
+  if (!fs::is_directory(folder)) {
+    return files;
+  }
   for (const auto& entry : fs::directory_iterator(folder)) {
     const std::string name = entry.path().filename().string();
     if (entry.is_regular_file() && (withParts || !isPart(name))) {
@@ -38,7 +40,9 @@ Files filesIn(const fs::path& folder, const bool withParts) {
 
 std::string namesOf(const Files& files) {
   std::string names;
-  for (const auto& [name, content] : files) names += name + " ";
+  for (const auto& [name, content] : files) {
+    names += name + " ";
+  }
   return names;
 }
 

@@ -55,7 +55,9 @@ std::size_t addresses() {
 }
 
 TEST_F(Process, WithTooLittleMemorySaysSoAndWritesNothing) {
-  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  }
   constexpr std::size_t kMost = std::size_t{24} << 20;
   constexpr std::size_t kStep = std::size_t{64} << 10;
   std::string codes;
@@ -68,7 +70,9 @@ TEST_F(Process, WithTooLittleMemorySaysSoAndWritesNothing) {
     const bool isReported = ending.out.find("FATAL ERROR: ") != std::string::npos;
     ASSERT_TRUE(isReported || files == fresh_) << more << "\n" << ending.out;
     const std::string code = std::to_string(ending.exitCode);
-    if (codes.empty() || code.front() != codes.back()) codes += code;
+    if (codes.empty() || code.front() != codes.back()) {
+      codes += code;
+    }
   }
   EXPECT_EQ(codes.back(), '0') << codes;
   EXPECT_EQ(filesIn(out_), fresh_) << "the most is enough";
@@ -78,7 +82,9 @@ TEST_F(Process, WithTooLittleMemorySaysSoAndWritesNothing) {
 class ProcessWithTheEngine : public Process, public testing::WithParamInterface<const char*> {};
 
 TEST_P(ProcessWithTheEngine, AndTooLittleMemorySaysSoAndWritesNothing) {
-  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  }
   const std::string libraries = LAMCRAFT_ENGINE_FOLDER;
   fs::copy_file(fs::path(LAMCRAFT_EXAMPLES) / GetParam(),
                 folder_.path() / "deck.qdk",
@@ -110,11 +116,15 @@ INSTANTIATE_TEST_SUITE_P(Examples,
                          testing::Values("as4-3501-6.qdk", "plain-weave-glass-vinylester.qdk"));
 
 TEST_F(Process, WithTooFewOpenFilesSaysSoAndWritesNothing) {
-  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers look at memory through files of their own";
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers look at memory through files of their own";
+  }
   for (unsigned long files = 3; files < 8; ++files) {
     fs::remove_all(out_);
     const Ending ending = run([files] {
-      for (int file = 3; file < 8; ++file) close(file);  // what the test may have been handed
+      for (int file = 3; file < 8; ++file) {  // what the test may have been handed
+        close(file);
+      }
       limit(RLIMIT_NOFILE, files);
     });
     const bool isEnough = files > 3;  // beside the three streams: one, for one file after another

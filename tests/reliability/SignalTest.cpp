@@ -40,8 +40,12 @@ class SteppedRun {
   /// Goes on to the next stop; false when the run has ended.
   bool step() {
     int status = 0;
-    if (!isStopped_ || ptrace(PTRACE_SYSCALL, run_.id(), nullptr, nullptr) != 0) return false;
-    if (waitpid(run_.id(), &status, 0) != run_.id()) return false;
+    if (!isStopped_ || ptrace(PTRACE_SYSCALL, run_.id(), nullptr, nullptr) != 0) {
+      return false;
+    }
+    if (waitpid(run_.id(), &status, 0) != run_.id()) {
+      return false;
+    }
     isStopped_ = WIFSTOPPED(status);
     return isStopped_;
   }
@@ -67,14 +71,18 @@ bool canStep() {
 class Signal : public testing::TestWithParam<int> {
  protected:
   void SetUp() override {
-    if (!canStep()) GTEST_SKIP() << "nobody may step through a process here";
+    if (!canStep()) {
+      GTEST_SKIP() << "nobody may step through a process here";
+    }
     folder_.write("deck.qdk", completeDeck().text());
   }
 
   void fillWith(const Files& files) const {
     fs::remove_all(out_);
     fs::create_directory(out_);
-    for (const auto& [name, content] : files) folder_.write("out/" + name, content);
+    for (const auto& [name, content] : files) {
+      folder_.write("out/" + name, content);
+    }
   }
 
   /// Ends the run at its stop of that number; false when it comes to its end before the signal
@@ -82,7 +90,9 @@ class Signal : public testing::TestWithParam<int> {
   [[nodiscard]] bool isEndedAt(const int stop) const {
     SteppedRun run(folder_.path().string());
     for (int i = 0; i < stop; ++i) {
-      if (!run.step()) return false;
+      if (!run.step()) {
+        return false;
+      }
     }
     return run.end(GetParam()) == GetParam();
   }
@@ -100,7 +110,9 @@ class Signal : public testing::TestWithParam<int> {
       const auto deck = files.find("input.qdk");
       const bool isNew = deck != files.end() && deck->second == fresh.at("input.qdk");
       states.insert((isNew ? "new " : "old ") + namesOf(files));
-      if (!isEnded) return states;
+      if (!isEnded) {
+        return states;
+      }
     }
   }
 

@@ -29,7 +29,9 @@ std::vector<CatalogueEntry> catalogueEntries(const std::filesystem::path& file) 
                        unquoted(content.substr(translation, next - translation))});
     at = next;
   }
-  if (!entries.empty() && entries.front().text.empty()) entries.erase(entries.begin());
+  if (!entries.empty() && entries.front().text.empty()) {
+    entries.erase(entries.begin());
+  }
   return entries;
 }
 

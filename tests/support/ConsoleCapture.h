@@ -21,12 +21,16 @@ class FlushedBuffer : public std::basic_stringbuf<Char> {
  protected:
   // NOLINTBEGIN(readability-identifier-naming): the standard library's names
   int sync() override {
-    for (const Char character : this->str()) shown_ += static_cast<char>(character);
+    for (const Char character : this->str()) {
+      shown_ += static_cast<char>(character);
+    }
     this->str({});
     return 0;
   }
   std::streamsize xsputn(const Char* text, std::streamsize size) override {
-    if (!fails_) return std::basic_stringbuf<Char>::xsputn(text, size);
+    if (!fails_) {
+      return std::basic_stringbuf<Char>::xsputn(text, size);
+    }
     fails_ = false;
     return 0;
   }

@@ -40,7 +40,9 @@ std::vector<std::string> environmentOf(const ProcessRun& process) {
   for (char** entry = environ; *entry != nullptr; ++entry) {
     const std::string_view text = *entry;
     const std::string name(text.substr(0, text.find('=')));
-    if (!choosesLocale(name) && process.environment.count(name) == 0) entries.emplace_back(text);
+    if (!choosesLocale(name) && process.environment.count(name) == 0) {
+      entries.emplace_back(text);
+    }
   }
   for (const auto& [name, value] : process.environment) {
     entries.push_back(std::string(name).append("=").append(value));
@@ -52,7 +54,9 @@ std::vector<std::string> environmentOf(const ProcessRun& process) {
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   pointers.reserve(texts.size() + 1);
-  for (std::string& text : texts) pointers.push_back(text.data());
+  for (std::string& text : texts) {
+    pointers.push_back(text.data());
+  }
   pointers.push_back(nullptr);
   return pointers;
 }
@@ -62,7 +66,9 @@ class FileActions {
  public:
   FileActions(const std::string& folder, std::FILE* out, std::FILE* err) {
     posix_spawn_file_actions_init(&actions_);
-    if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
+    if (!folder.empty()) {
+      posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
+    }
     posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions_, fileno(out), STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions_, fileno(err), STDERR_FILENO);
@@ -82,7 +88,9 @@ class FileActions {
 ProcessResult run(const ProcessRun& process) {
   const File out(std::tmpfile());
   const File err(std::tmpfile());
-  if (!out || !err) throw std::runtime_error("no temporary files for the output of a process");
+  if (!out || !err) {
+    throw std::runtime_error("no temporary files for the output of a process");
+  }
   std::vector<std::string> words = process.arguments;
   words.insert(words.begin(), process.program);
   std::vector<std::string> environment = environmentOf(process);

@@ -29,7 +29,9 @@ std::string TemporaryFolder::write(const std::string& name, const std::string& c
 
 std::string contentOf(const fs::path& file) {
   std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw std::runtime_error("cannot read " + file.string());
+  if (!stream) {
+    throw std::runtime_error("cannot read " + file.string());
+  }
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 

@@ -22,7 +22,9 @@ std::set<std::string> librariesOf(const std::string& file) {
   std::istringstream lines(result.out);
   for (std::string line; std::getline(lines, line);) {
     const std::size_t found = line.find(label);
-    if (found != std::string::npos) names.insert(line.substr(found + label.size()));
+    if (found != std::string::npos) {
+      names.insert(line.substr(found + label.size()));
+    }
   }
   return names;
 }

@@ -61,7 +61,9 @@ GoldenFiles filesOfWindows(const fs::path& deck, WindowsProgram::Library library
   if (fs::exists(windows.folder().path() / "calls.txt")) {
     files["calls.txt"] = contentOf(windows.folder().path() / "calls.txt");
   }
-  for (auto& [name, content] : files) content = withPlainLineEnds(content);
+  for (auto& [name, content] : files) {
+    content = withPlainLineEnds(content);
+  }
   return files;
 }
 
@@ -73,7 +75,9 @@ TEST_P(SameAsLinux, WithTheStandInByteForByte) {
   const GoldenFiles actual = filesOfWindows(deck, WindowsProgram::Library::standIn);
   expectSameNames(expected, actual);
   for (const auto& [name, content] : expected) {
-    if (actual.count(name) == 0) continue;
+    if (actual.count(name) == 0) {
+      continue;
+    }
     EXPECT_TRUE(actual.at(name) == content)
         << name << " differs, " << firstDifference(content, actual.at(name));
   }
@@ -93,7 +97,9 @@ bool startsNumber(const char* text) {
 /// The deviation of two numbers: a part of the first, but that of errors of a fit as it is. They
 /// are relative errors themselves, and what is left of them at the end of a good fit is rounding.
 double deviationOf(double left, double right, bool isError) {
-  if (left == right) return 0.0;
+  if (left == right) {
+    return 0.0;
+  }
   return std::abs(left - right) / (isError ? 1.0 : std::abs(left));
 }
 
@@ -121,7 +127,9 @@ Likeness likenessOfLines(const std::string& left, const std::string& right) {
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  for (std::string line; std::getline(stream, line);) {
+    lines.push_back(line);
+  }
   return lines;
 }
 
@@ -145,7 +153,9 @@ TEST_P(EngineSameAsLinux, ToNineDigits) {
   const GoldenFiles actual = filesOfWindows(deck, WindowsProgram::Library::engine);
   for (const char* name : {"mdata.xml", "fdata.xml"}) {
     ASSERT_EQ(actual.count(name), expected.count(name)) << name;
-    if (expected.count(name) == 0) continue;
+    if (expected.count(name) == 0) {
+      continue;
+    }
     const Likeness files = likeness(expected.at(name), actual.at(name));
     EXPECT_TRUE(files.sameText) << name;
     // Both compute the same with mathematical libraries that round the last digit differently.

@@ -22,7 +22,9 @@ ProcessResult runUnderWine(const ProcessRun& process) {
 std::string withPlainLineEnds(const std::string& text) {
   std::string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text.compare(i, 2, "\r\n") != 0) plain += text[i];
+    if (text.compare(i, 2, "\r\n") != 0) {
+      plain += text[i];
+    }
   }
   return plain;
 }
@@ -30,7 +32,9 @@ std::string withPlainLineEnds(const std::string& text) {
 std::string inCodePage(const std::string& text, int codePage) {
   const iconv_t conversion = iconv_open(("CP" + std::to_string(codePage)).c_str(), "UTF-8");
   // NOLINTNEXTLINE(performance-no-int-to-ptr): what iconv_open() answers then
-  if (conversion == iconv_t(-1)) throw std::runtime_error("no such code page");
+  if (conversion == iconv_t(-1)) {
+    throw std::runtime_error("no such code page");
+  }
   std::string source = text;
   std::string target(2 * text.size(), '\0');
   char* from = source.data();
@@ -39,7 +43,9 @@ std::string inCodePage(const std::string& text, int codePage) {
   std::size_t toLeft = target.size();
   const std::size_t answer = iconv(conversion, &from, &fromLeft, &to, &toLeft);
   iconv_close(conversion);
-  if (answer != 0) throw std::runtime_error("not in the code page: " + text);
+  if (answer != 0) {
+    throw std::runtime_error("not in the code page: " + text);
+  }
   target.resize(target.size() - toLeft);
   return target;
 }
@@ -73,7 +79,9 @@ ProcessResult WindowsProgram::run(const std::vector<std::string>& arguments,
 ProcessResult WindowsProgram::runFromPrompt(const std::vector<std::string>& settings,
                                             const std::string& language) const {
   std::string line;
-  for (const std::string& setting : settings) line += "set " + setting + "&";
+  for (const std::string& setting : settings) {
+    line += "set " + setting + "&";
+  }
   ProcessResult result = runUnderWine({"cmd",
                                        {"/c", line + "lamcraft.exe missing.qdk"},
                                        {{"LC_ALL", language}},

@@ -43,8 +43,12 @@ class FftwTransform : public Transform {
                            const std::vector<fftw_iodim>& batch,
                            const int sign) {
     int numbers = 1;
-    for (const auto& dimension : points) numbers *= dimension.n;
-    for (const auto& dimension : batch) numbers *= dimension.n;
+    for (const auto& dimension : points) {
+      numbers *= dimension.n;
+    }
+    for (const auto& dimension : batch) {
+      numbers *= dimension.n;
+    }
     fftw_complex* const scratch = fftw_alloc_complex(static_cast<std::size_t>(numbers));
     const fftw_plan plan = fftw_plan_guru_dft(static_cast<int>(points.size()),
                                               points.data(),

@@ -63,7 +63,9 @@ class PortableTransform : public Transform {
   void transform(double* const data, const bool inverse) const {
     auto* const numbers = reinterpret_cast<Complex*>(data);
     auto fft = lender_.borrow();
-    for (const Axis& axis : axes_) transformAxis(*fft, axis, numbers, inverse);
+    for (const Axis& axis : axes_) {
+      transformAxis(*fft, axis, numbers, inverse);
+    }
     lender_.giveBack(std::move(fft));
   }
 
@@ -78,13 +80,17 @@ class PortableTransform : public Transform {
     for (std::size_t group = 0; group < static_cast<std::size_t>(axis.groups); ++group) {
       for (std::size_t c = 0; c < width; ++c) {
         Complex* const first = numbers + group * points * width + c;
-        for (std::size_t i = 0; i < points; ++i) line[i] = first[i * width];
+        for (std::size_t i = 0; i < points; ++i) {
+          line[i] = first[i * width];
+        }
         if (inverse) {
           fft.inv(image.data(), line.data(), axis.points);
         } else {
           fft.fwd(image.data(), line.data(), axis.points);
         }
-        for (std::size_t i = 0; i < points; ++i) first[i * width] = image[i];
+        for (std::size_t i = 0; i < points; ++i) {
+          first[i * width] = image[i];
+        }
       }
     }
   }

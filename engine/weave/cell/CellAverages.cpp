@@ -48,7 +48,9 @@ struct Contact {
 };
 
 Contact contactOf(const UnitCell& cell, const WeaveColumn& column, const double widestGap) {
-  if (gapOf(column) > widestGap) return {};
+  if (gapOf(column) > widestGap) {
+    return {};
+  }
   const WeaveGeometry& geometry = cell.geometry();
   const double layer = kContactLayer * geometry.thickness();
   const double fillLayer = std::min(layer, column.fill.length());
@@ -72,7 +74,9 @@ double contactGap(const UnitCell& cell) {
     for (int j = 0; j < cell.shape().n2; ++j) {
       const WeaveColumn& column = cell.column(i, j);
       const bool both = column.fill.length() > 0.0 && column.warp.length() > 0.0;
-      if (both) closest = std::min(closest, gapOf(column));
+      if (both) {
+        closest = std::min(closest, gapOf(column));
+      }
     }
   }
   return std::max(kContactGap * cell.geometry().thickness(), closest);
@@ -93,7 +97,9 @@ CellSums planeSums(const CellMaterials& materials,
     plane.visitColumn(j, [&](const std::size_t r, const double share, const auto& e, const int k) {
       column[r].volume += share;
       column[r].strain += share * e;
-      if (r == kPocket || !(contact.weight > 0.0)) return;
+      if (r == kPocket || !(contact.weight > 0.0)) {
+        return;
+      }
       const double weight =
           contact.weight * cell.overlap(r == kFill ? contact.fill : contact.warp, k);
       touching[r].volume += weight;
@@ -189,9 +195,13 @@ CellResponse cellResponse(const CellMaterials& materials,
   CellSums sums;
   RegionSums whole;
   for (const CellSums& plane : planes) {
-    for (std::size_t r = 0; r < sums.size(); ++r) sums[r].add(plane[r]);
+    for (std::size_t r = 0; r < sums.size(); ++r) {
+      sums[r].add(plane[r]);
+    }
   }
-  for (std::size_t r = 0; r < kCellPhases; ++r) whole.add(sums[r]);
+  for (std::size_t r = 0; r < kCellPhases; ++r) {
+    whole.add(sums[r]);
+  }
   const auto voxels = static_cast<double>(cell.shape().voxels());
   const RegionMeans overall = meansOf(whole, voxels);
   CellResponse response;
@@ -262,7 +272,9 @@ CellSensitivity cellSensitivity(const CellMaterials& materials,
     mean.stiffness[r].fill(Matrix6::Zero());
     mean.strain[r].setZero();
     for (const CellSensitivitySums& plane : planes) {
-      for (std::size_t m = 0; m < 5; ++m) mean.stiffness[r][m] += share * plane[r].work[m];
+      for (std::size_t m = 0; m < 5; ++m) {
+        mean.stiffness[r][m] += share * plane[r].work[m];
+      }
       mean.strain[r] += share * plane[r].strain;
     }
   }

@@ -44,7 +44,9 @@ struct Exchange {
 
   void mapRow(const double* const from, const double factor, double* const to) const {
     const auto n3 = static_cast<std::ptrdiff_t>(shape.n3);
-    for (std::ptrdiff_t k = 0; k < n3; ++k) to[2 * (k == 0 ? 0 : n3 - k)] = factor * from[2 * k];
+    for (std::ptrdiff_t k = 0; k < n3; ++k) {
+      to[2 * (k == 0 ? 0 : n3 - k)] = factor * from[2 * k];
+    }
   }
 
   GridShape shape;
@@ -58,7 +60,9 @@ struct Exchange {
 CellFields::Place CellFields::find(const std::size_t loadCase) const {
   for (std::size_t pair = 0; pair < cases.size(); ++pair) {
     for (std::size_t lane = 0; lane < 2; ++lane) {
-      if (cases[pair][lane] == loadCase) return {&pairs[pair], lane};
+      if (cases[pair][lane] == loadCase) {
+        return {&pairs[pair], lane};
+      }
     }
   }
   return {nullptr, 0};

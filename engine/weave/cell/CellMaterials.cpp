@@ -18,7 +18,9 @@ InclinedTow incline(const PhaseStiffness& tow, const Frame& frame) {
 
 bool isPure(const std::array<double, kCellPhases>& fractions, std::size_t& phase) {
   for (phase = 0; phase < kCellPhases; ++phase) {
-    if (fractions[phase] == 1.0) return true;
+    if (fractions[phase] == 1.0) {
+      return true;
+    }
   }
   return false;
 }
@@ -75,8 +77,12 @@ void CellMaterials::fillVoxels() {
     return field_.addMaterial(phase.c, phase.beta);
   };
   const std::int32_t pocket = add(constituents_.phases[kPocket]);
-  for (const InclinedTow& tow : fill_) add(tow.composite);
-  for (const InclinedTow& tow : warp_) add(tow.composite);
+  for (const InclinedTow& tow : fill_) {
+    add(tow.composite);
+  }
+  for (const InclinedTow& tow : warp_) {
+    add(tow.composite);
+  }
   for (int i = 0; i < cell_.shape().n1; ++i) {
     for (int j = 0; j < cell_.shape().n2; ++j) {
       const WeaveColumn& column = cell_.column(i, j);

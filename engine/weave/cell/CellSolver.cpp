@@ -19,15 +19,21 @@ std::vector<CasePair> casesToSolve(const bool exchangeable, const ThermalCase th
   } else {
     pairs = {{k11, k22}, {k33, k12}, {k13, k23}};
   }
-  if (thermal == ThermalCase::with) pairs.push_back({kThermalCase, kLoadCases});
+  if (thermal == ThermalCase::with) {
+    pairs.push_back({kThermalCase, kLoadCases});
+  }
   return pairs;
 }
 
 kernels::PairLoad unitLoad(const CasePair& cases) {
   kernels::PairLoad load;
   for (std::size_t lane = 0; lane < 2; ++lane) {
-    if (cases[lane] < kStrainCases) load.strain[cases[lane]][lane] = 1.0;
-    if (cases[lane] == kThermalCase) load.temperature[lane] = kSolvedTemperature;
+    if (cases[lane] < kStrainCases) {
+      load.strain[cases[lane]][lane] = 1.0;
+    }
+    if (cases[lane] == kThermalCase) {
+      load.temperature[lane] = kSolvedTemperature;
+    }
   }
   return load;
 }
@@ -36,12 +42,16 @@ kernels::PairLoad unitLoad(const CasePair& cases) {
 PairField startOf(const CasePair& cases, const GridShape& shape, const CellFields& given) {
   PairField start(shape);
   for (std::size_t lane = 0; lane < 2; ++lane) {
-    if (cases[lane] == kLoadCases || !given.holds(cases[lane])) continue;
+    if (cases[lane] == kLoadCases || !given.holds(cases[lane])) {
+      continue;
+    }
     const CellFields::Place place = given.find(cases[lane]);
     for (int i = 0; i < shape.n1; ++i) {
       const double* const from = place.field->plane(i) + place.lane;
       double* const to = start.plane(i) + lane;
-      for (std::size_t t = 0; t < place.field->planeStride(); t += 2) to[t] = from[t];
+      for (std::size_t t = 0; t < place.field->planeStride(); t += 2) {
+        to[t] = from[t];
+      }
     }
   }
   return start;
@@ -65,10 +75,14 @@ CellSolver::CellSolver(const UnitCell& cell, ThreadPool& team)
 
 bool CellSolver::isExchangeable(const UnitCell& cell, const CellConstituents& constituents) {
   const WeaveGeometry& geometry = cell.geometry();
-  if (geometry.fillFraction() != geometry.warpFraction()) return false;
+  if (geometry.fillFraction() != geometry.warpFraction()) {
+    return false;
+  }
   const PhaseStiffness& fill = constituents.phases[kFill];
   const PhaseStiffness& warp = constituents.phases[kWarp];
-  if (fill.c != warp.c) return false;
+  if (fill.c != warp.c) {
+    return false;
+  }
   const PhaseStiffness& pocket = constituents.phases[kPocket];
   const Matrix6 turn = strainTransform(warpFrame(0.0));
   const double rounding = 1e-14 * pocket.c.norm();
@@ -95,7 +109,9 @@ int CellSolver::solvePairs(const CellMaterials& materials,
   const bool large = cell_.shape().voxels() > kLargeCell;
   const std::size_t together = large ? 0 : pairs / threads * threads;
   const std::size_t workspaces = together > 0 ? threads : 1;
-  while (solvers_.size() < workspaces) solvers_.push_back(std::make_unique<PairSolver>(basis_));
+  while (solvers_.size() < workspaces) {
+    solvers_.push_back(std::make_unique<PairSolver>(basis_));
+  }
   std::vector<int> iterations(pairs);
   for (std::size_t round = 0; round < together; round += threads) {
     team_.forEach(threads, [&](const std::size_t t) {
@@ -119,7 +135,9 @@ int CellSolver::solve(const CellMaterials& materials,
   const bool exchangeable = isExchangeable(cell_, materials.constituents());
   fields = startFor(casesToSolve(exchangeable, thermal), cell_.shape(), fields);
   const int iterations = solvePairs(materials, settings, fields);
-  if (exchangeable) addExchangedCases(cell_, fields);
+  if (exchangeable) {
+    addExchangedCases(cell_, fields);
+  }
   return iterations;
 }
 

@@ -31,7 +31,9 @@ CompositeVoxel::CompositeVoxel(const std::array<double, kCellPhases>& fractions,
     : fractions_(fractions), phases_(phases) {
   Eigen::Matrix3d meanCompliance = Eigen::Matrix3d::Zero();
   for (std::size_t r = 0; r < kCellPhases; ++r) {
-    if (fractions_[r] == 0.0) continue;
+    if (fractions_[r] == 0.0) {
+      continue;
+    }
     Layer& layer = layers_[r];
     layer.compliance = block(phases_[r]->c, kOut, kOut).inverse();
     layer.coupling = layer.compliance * block(phases_[r]->c, kOut, kPlane);
@@ -62,14 +64,18 @@ Vector6 CompositeVoxel::thermalLocalisation(const std::size_t phase) const {
   const Layer& layer = layers_[phase];
   const Eigen::Vector3d out = layer.free - layer.compliance * (stiffening_ * meanFree_);
   Vector6 strain = Vector6::Zero();
-  for (std::size_t i = 0; i < 3; ++i) strain(kOut[i]) = out(static_cast<Index>(i));
+  for (std::size_t i = 0; i < 3; ++i) {
+    strain(kOut[i]) = out(static_cast<Index>(i));
+  }
   return strain;
 }
 
 PhaseStiffness CompositeVoxel::overall() const {
   PhaseStiffness mean;
   for (std::size_t r = 0; r < kCellPhases; ++r) {
-    if (fractions_[r] == 0.0) continue;
+    if (fractions_[r] == 0.0) {
+      continue;
+    }
     const PhaseStiffness& phase = *phases_[r];
     mean.c += fractions_[r] * (phase.c * localisation(r));
     mean.beta += fractions_[r] * (phase.beta - phase.c * thermalLocalisation(r));

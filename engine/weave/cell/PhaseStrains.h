@@ -39,7 +39,9 @@ class PhaseStrains {
       }
       const CompositeVoxel voxel(fractions, phases);
       for (std::size_t r = 0; r < kCellPhases; ++r) {
-        if (fractions[r] > 0.0) visit(r, fractions[r], localised(voxel, r, strains), k);
+        if (fractions[r] > 0.0) {
+          visit(r, fractions[r], localised(voxel, r, strains), k);
+        }
       }
     }
   }

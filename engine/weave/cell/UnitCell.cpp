@@ -7,7 +7,9 @@ namespace kx {
 
 // Multiples of small primes in every direction: the transforms are fast.
 CellResolution defaultResolution(const int tows) {
-  if (tows == 2) return {24, 18};
+  if (tows == 2) {
+    return {24, 18};
+  }
   return {16, 12};
 }
 
@@ -61,7 +63,9 @@ std::array<double, kCellPhases> UnitCell::fractions(const WeaveColumn& column, c
   const double fill = share(column.fill);
   const double warp = std::min(share(column.warp), 1.0 - fill);
   const double rest = 1.0 - fill - warp;
-  if (rest >= kSliver) return {rest, fill, warp};
+  if (rest >= kSliver) {
+    return {rest, fill, warp};
+  }
   return {0.0, fill, 1.0 - fill};
 }
 

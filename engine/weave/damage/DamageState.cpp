@@ -33,8 +33,12 @@ Tow towIn(const std::int32_t code,
           const TransverselyIsotropic& matrix,
           const DegradationFactors& factors) {
   Tow tow{fiber, matrix};
-  if (code >= 1) tow.matrix = softened(matrix, factors.matrix);
-  if (code >= 2) tow.fiber = softened(fiber, factors.fiber);
+  if (code >= 1) {
+    tow.matrix = softened(matrix, factors.matrix);
+  }
+  if (code >= 2) {
+    tow.fiber = softened(fiber, factors.fiber);
+  }
   return tow;
 }
 

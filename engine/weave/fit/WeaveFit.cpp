@@ -48,7 +48,9 @@ class FieldFit {
     Point point = solvedAt(Vector::Zero(), kLooseTolerance);
     MechanicalFit fit;
     fit.initialError = point.error;
-    if (!std::isfinite(fit.initialError)) return fit;
+    if (!std::isfinite(fit.initialError)) {
+      return fit;
+    }
     const Vector balanced = followed(point);
     const bool consistent = point.error <= kConsistentError;
     fit.constituents = space_.at((consistent ? point.z : balanced).data());
@@ -82,10 +84,14 @@ class FieldFit {
     Vector balanced = point.z;
     double before = point.error;
     for (double lam = kBalancedLam * kLamFactor; lam >= kLastLam; lam *= kLamFactor) {
-      if (point.error <= kExactError || solves_ >= kMostSolves) break;
+      if (point.error <= kExactError || solves_ >= kMostSolves) {
+        break;
+      }
       minimise(point, lam, 3);
       // Targets that can be met are approached ever faster.
-      if (point.error > kConsistentError && point.error > 0.5 * before) break;
+      if (point.error > kConsistentError && point.error > 0.5 * before) {
+        break;
+      }
       before = point.error;
     }
     return balanced;
@@ -101,17 +107,23 @@ class FieldFit {
       const double current = problem_.merit(point.z, lam);
       const Vector next = surrogateMinimum(point.z, lam);
       const double promised = current - problem_.merit(next, lam);
-      if (!(promised > kNoGain * current + kNoMerit)) return;
+      if (!(promised > kNoGain * current + kNoMerit)) {
+        return;
+      }
       const Point trial = solvedAt(next, tolerance(point));
       problem_.setSensitivity(trial.sensitivity);
       const double gained = current - problem_.merit(trial.z, lam);
-      if (gained > 0.0) point = trial;
+      if (gained > 0.0) {
+        point = trial;
+      }
       if (gained > 0.7 * promised) {
         radius_ *= 2.0;
       } else if (gained <= 0.0) {
         radius_ *= 0.3;
       }
-      if (point.error <= kExactError) return;
+      if (point.error <= kExactError) {
+        return;
+      }
     }
   }
 
@@ -138,7 +150,9 @@ class FieldFit {
     problem_.setSensitivity(point.sensitivity);
     point.error = problem_.error(z);
     ++solves_;
-    if (hook_) hook_(solves_, point.error);
+    if (hook_) {
+      hook_(solves_, point.error);
+    }
     return point;
   }
 
@@ -165,7 +179,9 @@ double expansionError(const Properties& ply, const Properties& target) {
   double sum = 0.0;
   int count = 0;
   for (const auto constant : {&Properties::a11, &Properties::a22, &Properties::a33}) {
-    if (target.*constant == 0.0) continue;
+    if (target.*constant == 0.0) {
+      continue;
+    }
     const double relative = ply.*constant / (target.*constant) - 1.0;
     sum += relative * relative;
     ++count;
@@ -211,7 +227,9 @@ WeaveFitResult unfitted(WeaveModel& model,
       weave.isSensible() && isAdmissible(start.fiber) && isAdmissible(start.matrix);
   if (givesAPly) {
     const Properties ply = plyOf(model, weave, start);
-    if (isAdmissible(ply)) result.materials.lamina = ply;
+    if (isAdmissible(ply)) {
+      result.materials.lamina = ply;
+    }
   }
   return result;
 }
@@ -235,7 +253,9 @@ WeaveFitResult fitted(WeaveModel& model,
   Properties ply = plyOf(model, weave, thermal.constituents);
   const double thermalError =
       isAdmissible(ply) ? expansionError(ply, given.lamina) : thermal.summary.finalError;
-  if (!isAdmissible(ply)) ply = withExpansionsOf(given.lamina, ply);
+  if (!isAdmissible(ply)) {
+    ply = withExpansionsOf(given.lamina, ply);
+  }
   const double elasticError = weaveError(ply, given.lamina);
   if (!isAdmissible(ply) || !std::isfinite(elasticError)) {
     return unfitted(model, weave, given, start);
@@ -273,7 +293,9 @@ WeaveFitResult fitWeave(WeaveModel& model,
   using Transverse = std::integral_constant<MatrixSymmetry, MatrixSymmetry::transverselyIsotropic>;
   const MechanicalFit mechanical =
       matrix.symmetry == MatrixSymmetry::isotropic ? fit(Isotropic{}) : fit(Transverse{});
-  if (!std::isfinite(mechanical.initialError)) return unfitted(model, weave, given, start);
+  if (!std::isfinite(mechanical.initialError)) {
+    return unfitted(model, weave, given, start);
+  }
   const ThermalFitResult thermal = fitExpansions(levinModel(model, weave, mechanical.constituents),
                                                  mechanical.constituents,
                                                  matrix.symmetry,

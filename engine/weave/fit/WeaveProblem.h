@@ -28,7 +28,9 @@ inline double weaveError(const Properties& ply, const Properties& target) {
   int count = 0;
   for (std::size_t i = 0; i < kWeaveWeights.size(); ++i) {
     const auto constant = kPropertyOrder<double>[i];
-    if (!isGiven(target.*constant)) continue;
+    if (!isGiven(target.*constant)) {
+      continue;
+    }
     const double relative = ply.*constant / (target.*constant) - 1.0;
     sum += relative * relative;
     ++count;
@@ -55,7 +57,9 @@ class WeaveProblem {
   bool operator()(const Scalar* z, Scalar* residuals) const {
     const auto materials = space_.at(z);
     if constexpr (std::is_same_v<Scalar, double>) {
-      if (!isAdmissible(materials.fiber) || !isAdmissible(materials.matrix)) return false;
+      if (!isAdmissible(materials.fiber) || !isAdmissible(materials.matrix)) {
+        return false;
+      }
     }
     const PropertiesOf<Scalar> ply = plyOf(materials);
     for (std::size_t i = 0; i < kWeaveWeights.size(); ++i) {
@@ -102,7 +106,9 @@ class WeaveProblem {
   template <class Scalar>
   static void addTo(Matrix6Of<Scalar>& sum, const Matrix6& work, const Scalar& modulus) {
     for (Eigen::Index i = 0; i < 6; ++i) {
-      for (Eigen::Index j = 0; j < 6; ++j) sum(i, j) += modulus * work(i, j);
+      for (Eigen::Index j = 0; j < 6; ++j) {
+        sum(i, j) += modulus * work(i, j);
+      }
     }
   }
 

@@ -31,9 +31,13 @@ InterlacingPattern::InterlacingPattern(const int tows, std::vector<int> side)
     : tows_(tows), side_(std::move(side)) {}
 
 std::optional<InterlacingPattern> InterlacingPattern::ofHarness(const int harness) {
-  if (harness < 2) return InterlacingPattern(2, {1, -1, -1, 1});
+  if (harness < 2) {
+    return InterlacingPattern(2, {1, -1, -1, 1});
+  }
   const std::vector<int> floats = overWarpFloats(harness);
-  if (floats.empty()) return std::nullopt;
+  if (floats.empty()) {
+    return std::nullopt;
+  }
   const auto tows = floats.size();
   std::vector<int> side(tows * tows, 1);
   for (std::size_t warp = 0; warp < tows; ++warp) {
@@ -53,7 +57,9 @@ bool InterlacingPattern::isKeptBy(const Exchange& exchange) const {
     for (int fill = 0; fill < tows_; ++fill) {
       const int warpImage = fill + exchange.warpShift;
       const int fillImage = exchange.mirror * warp + exchange.fillShift;
-      if (side(warpImage, fillImage) != side(warp, fill)) return false;
+      if (side(warpImage, fillImage) != side(warp, fill)) {
+        return false;
+      }
     }
   }
   return true;
@@ -62,7 +68,9 @@ bool InterlacingPattern::isKeptBy(const Exchange& exchange) const {
 bool InterlacingPattern::isKeptByStep(const int step) const {
   for (int warp = 0; warp < tows_; ++warp) {
     for (int fill = 0; fill < tows_; ++fill) {
-      if (side(warp + 1, fill + step) != side(warp, fill)) return false;
+      if (side(warp + 1, fill + step) != side(warp, fill)) {
+        return false;
+      }
     }
   }
   return true;
@@ -70,7 +78,9 @@ bool InterlacingPattern::isKeptByStep(const int step) const {
 
 std::optional<int> InterlacingPattern::step() const {
   for (int step = 0; step < tows_; ++step) {
-    if (isKeptByStep(step)) return step;
+    if (isKeptByStep(step)) {
+      return step;
+    }
   }
   return std::nullopt;
 }
@@ -79,7 +89,9 @@ InterlacingPattern::Exchange InterlacingPattern::exchange() const {
   for (const int mirror : {1, -1}) {
     for (int shift = 0; shift < tows_ * tows_; ++shift) {
       const Exchange candidate{mirror, shift / tows_, shift % tows_};
-      if (isKeptBy(candidate)) return candidate;
+      if (isKeptBy(candidate)) {
+        return candidate;
+      }
     }
   }
   return {};

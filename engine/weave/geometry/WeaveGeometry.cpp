@@ -21,9 +21,15 @@ struct Centreline {
 // `before` and `after` are the sides (+1, -1) left and right of the nearest tow boundary,
 // `distance` is the signed distance from it.
 Centreline centreline(const int before, const int after, const double distance, const double u) {
-  if (before == after) return {static_cast<double>(before), 0.0};
-  if (distance <= -u / 2) return {static_cast<double>(before), 0.0};
-  if (distance >= u / 2) return {static_cast<double>(after), 0.0};
+  if (before == after) {
+    return {static_cast<double>(before), 0.0};
+  }
+  if (distance <= -u / 2) {
+    return {static_cast<double>(before), 0.0};
+  }
+  if (distance >= u / 2) {
+    return {static_cast<double>(after), 0.0};
+  }
   const double phase = kPi * (distance + u / 2) / u;
   return {before * std::cos(phase), -before * std::sin(phase) * kPi / u};
 }

@@ -50,7 +50,9 @@ CellConstituents cellConstituents(const WeaveDescription& weave, const WeaveCons
         return std::isfinite(phase.beta.squaredNorm());
       });
   if (!result.hasThermalStress) {
-    for (PhaseStiffness& phase : result.phases) phase.beta.setZero();
+    for (PhaseStiffness& phase : result.phases) {
+      phase.beta.setZero();
+    }
   }
   return result;
 }

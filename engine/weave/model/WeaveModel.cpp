@@ -55,7 +55,9 @@ bool isIsotropic(const TransverselyIsotropic& solid) {
 
 // Of a weave and the one with fill and warp exchanged, one is solved and serves both.
 bool isBetterExchanged(const WeaveDescription& weave, const WeaveConstituents& c) {
-  if (!isIsotropic(c.pocket)) return false;
+  if (!isIsotropic(c.pocket)) {
+    return false;
+  }
   const auto tow = [](const double fraction,
                       const TransverselyIsotropic& fiber,
                       const TransverselyIsotropic& matrix) {
@@ -138,7 +140,9 @@ CellResponse WeaveModel::solve(const WeaveDescription& weave,
   const auto known = std::find_if(remembered_.begin(),
                                   remembered_.end(),
                                   [&](const Remembered& entry) { return entry.key == key; });
-  if (known != remembered_.end()) return known->response;
+  if (known != remembered_.end()) {
+    return known->response;
+  }
   Cell& cell = cellOf(weave);
   const CellMaterials materials(cell.unit, cellConstituents(weave, constituents));
   solveStrains(cell, constituents, materials);
@@ -147,10 +151,14 @@ CellResponse WeaveModel::solve(const WeaveDescription& weave,
   cell.fields.cases.push_back(thermal.cases[0]);
   cell.fields.pairs.push_back(std::move(thermal.pairs[0]));
   remembered_.push_back({key, cellResponse(materials, cell.fields, team_)});
-  if (!materials.constituents().hasThermalStress) forgetExpansion(remembered_.back().response);
+  if (!materials.constituents().hasThermalStress) {
+    forgetExpansion(remembered_.back().response);
+  }
   cell.fields.cases.pop_back();
   cell.fields.pairs.pop_back();
-  if (remembered_.size() > kMostRemembered) remembered_.pop_front();
+  if (remembered_.size() > kMostRemembered) {
+    remembered_.pop_front();
+  }
   return remembered_.back().response;
 }
 
@@ -168,7 +176,9 @@ void WeaveModel::solveStrains(Cell& cell,
                               const WeaveConstituents& constituents,
                               const CellMaterials& materials) {
   const Key key = moduliKey(constituents);
-  if (cell.moduliKey == key) return;
+  if (cell.moduliKey == key) {
+    return;
+  }
   cell.fields = {};
   cell.solver.solve(materials, ThermalCase::without, {}, cell.fields);
   cell.moduliKey = key;

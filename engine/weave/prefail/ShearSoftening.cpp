@@ -32,7 +32,9 @@ std::vector<DegradationPair> shearSoftening(ThreadPool& team,
                                   cellConstituents(weave, WeaveConstituents::uniform(fiber, soft)));
     solver.solveCase(materials, k12, settings, fields);
     const double modulus = strainEnergy(materials, fields, k12);
-    if (pairs.empty()) intact = modulus;
+    if (pairs.empty()) {
+      intact = modulus;
+    }
     pairs.push_back({modulus / intact, factor});
   }
   return pairs;

@@ -29,7 +29,9 @@ Vector6 planeStress(const MaterialField& materials,
       for (Eigen::Index c = 0; c < 6; ++c) {
         const double* const row =
             strains.data() + static_cast<std::size_t>(c) * count + static_cast<std::size_t>(j) * n3;
-        for (int k = begin; k < end; ++k) strain(c) += row[k];
+        for (int k = begin; k < end; ++k) {
+          strain(c) += row[k];
+        }
       }
       sum += materials.stiffness(materials.runs()[run].material) * strain;
     }
@@ -57,7 +59,9 @@ EffectiveStiffness effectiveStiffness(const MaterialField& materials,
       team.forEach(planes.size(), [&](const std::size_t i) {
         planes[i] = planeStress(materials, field, lane, unit, static_cast<int>(i));
       });
-      for (const Vector6& plane : planes) result.stiffness.col(unit) += plane;
+      for (const Vector6& plane : planes) {
+        result.stiffness.col(unit) += plane;
+      }
       result.iterations += reports[lane].iterations;
     }
   }

@@ -61,7 +61,9 @@ void dot(const std::int64_t count, const double* const a, const double* const b,
     first += load(a + t) * load(b + t);
     second += load(a + t + kWidth) * load(b + t + kWidth);
   }
-  if (t < count) first += load(a + t) * load(b + t);
+  if (t < count) {
+    first += load(a + t) * load(b + t);
+  }
   first += second;
   sums[0] = first[0] + first[2];
   sums[1] = first[1] + first[3];
@@ -160,7 +162,9 @@ inline void addUnitStrain(const PlaneJob& job, const Rows& rows) {
   for (int c = 0; c < 6; ++c) {
     double* const strain = rows(kStrainRows + c);
     const Vec unit = twice(job.load->strain[c]);
-    for (int t = 0; t < 2 * job.n3; t += kWidth) store(strain + t, load(strain + t) + unit);
+    for (int t = 0; t < 2 * job.n3; t += kWidth) {
+      store(strain + t, load(strain + t) + unit);
+    }
   }
 }
 
@@ -236,8 +240,12 @@ struct ForceRow {
                                     : nullptr) {}
 
   void put(const int t, const Vec along, const Vec across) const {
-    if (near != nullptr) store(near + t, load(near + t) + (along - across));
-    if (far != nullptr) store(far + t, along + across);
+    if (near != nullptr) {
+      store(near + t, load(near + t) + (along - across));
+    }
+    if (far != nullptr) {
+      store(far + t, along + across);
+    }
   }
 };
 
@@ -296,7 +304,9 @@ void voxelPlane(const PlaneJob& job) {
     const int slot = j & 1;
     foldPlanes(job, j + 1 < job.n2 ? j + 1 : 0, rows, 1 - slot);
     strainRow(job, rows, slot);
-    if (job.load != nullptr) addUnitStrain(job, rows);
+    if (job.load != nullptr) {
+      addUnitStrain(job, rows);
+    }
     stressRow(job, j, rows);
     forceRow(job, j, rows);
   }
@@ -409,7 +419,9 @@ inline void descend(const SpectralJob& job,
 void spectral(const SpectralJob& job, SpectralSums* const sums) {
   const bool single = job.force[0] == job.force[1];
   for (int row = 0; row < (single ? 1 : 2); ++row) {
-    for (int k1 = 0; k1 < job.n1; ++k1) lowerResidual(job, row, k1);
+    for (int k1 = 0; k1 < job.n1; ++k1) {
+      lowerResidual(job, row, k1);
+    }
   }
   PairSums pairs{};
   for (int row = 0; row < (single ? 1 : 2); ++row) {

@@ -28,8 +28,12 @@ bool hasAvx512() {
 int available(const Table* tables[3]) {
   int count = 0;
   tables[count++] = &baselineTable();
-  if (hasAvx2()) tables[count++] = &avx2Table();
-  if (hasAvx512()) tables[count++] = &avx512Table();
+  if (hasAvx2()) {
+    tables[count++] = &avx2Table();
+  }
+  if (hasAvx512()) {
+    tables[count++] = &avx512Table();
+  }
   return count;
 }
 

@@ -20,8 +20,12 @@ std::int32_t MaterialField::addMaterial(const Matrix6& stiffness, const Vector6&
 void MaterialField::addVoxel(const std::int32_t material) {
   const auto n3 = static_cast<std::size_t>(shape_.n3);
   const auto k = static_cast<std::int32_t>(voxels_ % n3);
-  if (k == 0 || runs_.back().material != material) runs_.push_back({k, material});
-  if (++voxels_ % n3 == 0) rowRuns_.push_back(static_cast<std::int32_t>(runs_.size()));
+  if (k == 0 || runs_.back().material != material) {
+    runs_.push_back({k, material});
+  }
+  if (++voxels_ % n3 == 0) {
+    rowRuns_.push_back(static_cast<std::int32_t>(runs_.size()));
+  }
 }
 
 std::int32_t MaterialField::materialCount() const {
@@ -53,7 +57,9 @@ std::vector<double> MaterialField::materialShares() const {
       shares[static_cast<std::size_t>(runs_[r].material)] += end - runs_[r].begin;
     }
   }
-  for (double& share : shares) share /= static_cast<double>(shape_.voxels());
+  for (double& share : shares) {
+    share /= static_cast<double>(shape_.voxels());
+  }
   return shares;
 }
 
@@ -62,7 +68,9 @@ Matrix6 MaterialField::meanStiffness() const {
   Matrix6 mean = Matrix6::Zero();
   for (std::int32_t m = 0; m < materialCount(); ++m) {
     const double share = shares[static_cast<std::size_t>(m)];
-    if (share > 0.0) mean += share * stiffness(m);
+    if (share > 0.0) {
+      mean += share * stiffness(m);
+    }
   }
   return mean;
 }

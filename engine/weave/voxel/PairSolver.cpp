@@ -56,7 +56,9 @@ LoadEnergy loadEnergy(const MaterialField& materials,
   const Matrix6 c = materials.meanStiffness();
   const Vector6 beta = materials.meanThermalStress() * load.temperature[lane];
   Vector6 strain;
-  for (Eigen::Index i = 0; i < 6; ++i) strain(i) = load.strain[i][lane];
+  for (Eigen::Index i = 0; i < 6; ++i) {
+    strain(i) = load.strain[i][lane];
+  }
   const auto nodes = static_cast<double>(materials.shape().voxels());
   return {nodes * strain.dot(c * strain),
           nodes * (beta.array().square() / c.diagonal().array()).sum()};
@@ -160,7 +162,9 @@ void PairSolver::sumPlane(const PairField& field, const int plane) {
 PairSolver::Lanes PairSolver::summedPlanes() const {
   Lanes work{};
   for (const auto& sums : planeSums_) {
-    for (std::size_t lane = 0; lane < 2; ++lane) work[lane] += sums[lane];
+    for (std::size_t lane = 0; lane < 2; ++lane) {
+      work[lane] += sums[lane];
+    }
   }
   return work;
 }
@@ -199,20 +203,26 @@ PairSolver::Lanes PairSolver::directionForces(const MaterialField& materials,
     advancePlane(solution, step, turn, planes - 1);
     planeForces(materials, nullptr, direction_, planes - 1, false, true, 0);
     for (int plane = 0; plane < planes; ++plane) {
-      if (plane + 1 < planes - 1) advancePlane(solution, step, turn, plane + 1);
+      if (plane + 1 < planes - 1) {
+        advancePlane(solution, step, turn, plane + 1);
+      }
       force(plane, plane + 1 < planes, 0);
     }
   } else {
     const auto count = static_cast<std::size_t>(workers);
     team.forEach(count, [&](const std::size_t w) {
       const auto [begin, end] = share(planes, w, workers);
-      for (int plane = begin; plane < end; ++plane) advancePlane(solution, step, turn, plane);
+      for (int plane = begin; plane < end; ++plane) {
+        advancePlane(solution, step, turn, plane);
+      }
     });
     team.forEach(count, [&](const std::size_t w) {
       const auto [begin, end] = share(planes, w, workers);
       planeForces(
           materials, nullptr, direction_, begin > 0 ? begin - 1 : planes - 1, false, true, w);
-      for (int plane = begin; plane < end; ++plane) force(plane, plane + 1 < end, w);
+      for (int plane = begin; plane < end; ++plane) {
+        force(plane, plane + 1 < end, w);
+      }
     });
   }
   return summedPlanes();
@@ -279,11 +289,15 @@ void PairSolver::preconditionRow(const int row, const Lanes& step, const std::si
   const std::size_t sides = job.force[0] == job.force[1] ? 1 : 2;
   for (std::size_t side = 0; side < sides; ++side) {
     moveRow(row, true, side == 1, job.force[side]);
-    for (std::size_t c = 0; c < 3; ++c) basis_->lines->forward(job.force[side] + c * component);
+    for (std::size_t c = 0; c < 3; ++c) {
+      basis_->lines->forward(job.force[side] + c * component);
+    }
   }
   kernels_.spectral(job, &rowSums_[static_cast<std::size_t>(row)]);
   for (std::size_t side = 0; side < sides; ++side) {
-    for (std::size_t c = 0; c < 3; ++c) basis_->lines->backward(job.force[side] + c * component);
+    for (std::size_t c = 0; c < 3; ++c) {
+      basis_->lines->backward(job.force[side] + c * component);
+    }
     moveRow(row, false, side == 1, job.force[side]);
   }
 }
@@ -294,7 +308,9 @@ PairSolver::Lanes PairSolver::precondition(const Lanes& step, ThreadPool& team) 
   const int workers = workersFor(basis_->shape, team);
   team.forEach(static_cast<std::size_t>(workers), [&](const std::size_t w) {
     const auto [begin, end] = share(rows, w, workers);
-    for (int row = begin; row < end; ++row) preconditionRow(row, step, w);
+    for (int row = begin; row < end; ++row) {
+      preconditionRow(row, step, w);
+    }
   });
   kernels::SpectralSums sums;
   for (const kernels::SpectralSums& row : rowSums_) {
@@ -392,9 +408,13 @@ void PairSolver::advance(const MaterialField& materials,
   for (std::size_t lane = 0; lane < 2; ++lane) {
     Progress::Lane& own = progress.lanes[lane];
     turn[lane] = own.rests() ? 0.0 : next[lane] / own.norm;
-    if (own.done) continue;
+    if (own.done) {
+      continue;
+    }
     ++own.report.iterations;
-    if (!own.isThermal) own.energy -= step[lane] * own.norm;
+    if (!own.isThermal) {
+      own.energy -= step[lane] * own.norm;
+    }
     own.norm = next[lane];
   }
 }

@@ -45,7 +45,9 @@ bool isWithoutConstants(const Call& call) {
 }
 
 Outcome outcomeOf(const WeaveCall& call) {
-  if (isWithoutConstants(call) && isNoNumber(call.errors[0])) return withoutNumbers;
+  if (isWithoutConstants(call) && isNoNumber(call.errors[0])) {
+    return withoutNumbers;
+  }
   return call.iterations[0] > 0 ? solved : unclear;
 }
 
@@ -74,12 +76,16 @@ int outcomeWith(const std::size_t more, Call call) {
   }
   int status = 0;
   waitpid(id, &status, 0);
-  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT) return abortedByTransform;
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT) {
+    return abortedByTransform;
+  }
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 TEST(OutOfMemory, LeavesNoNumbersThatLookLikeAResult) {
-  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  }
   constexpr std::size_t kMegabyte = std::size_t{1} << 20;
   EXPECT_EQ(outcomeWith(0, WeaveCall{}), withoutNumbers);
   for (const std::size_t more : {1U, 4U, 8U, 12U, 16U, 20U}) {
@@ -93,7 +99,9 @@ TEST(OutOfMemory, LeavesNoNumbersThatLookLikeAResult) {
 
 // The library copies the records, 20 MB of them, for which there is no room.
 TEST(OutOfMemory, LeavesNoNumbersInTheConstantsAndRowsOfALamina) {
-  if (LAMCRAFT_IS_SANITIZED) GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  }
   constexpr std::size_t kMegabyte = std::size_t{1} << 20;
   UnidirectionalCall call;
   call.sn.assign(500'000, call.sn.front());

@@ -91,7 +91,9 @@ TEST(PlainWeaveFatigue, BalancedWeaveLivesAlikeAlongFillAndWarp) {
 TEST(PlainWeaveFatigue, WarpRecordsCountByTheMatrixStressTheyCause) {
   const auto matrix = kx::towMatrixStress(decomposition());
   auto alongWarp = trend(90.0);
-  for (auto& record : alongWarp) record.stress *= matrix.fillAlong / matrix.warpAlong;
+  for (auto& record : alongWarp) {
+    record.stress *= matrix.fillAlong / matrix.warpAlong;
+  }
   const auto fill =
       kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, decomposition());
   const auto warp =
@@ -106,7 +108,9 @@ TEST(PlainWeaveFatigue, WarpRecordsCountByTheMatrixStressTheyCause) {
 
 TEST(PlainWeaveFatigue, MissingCompressiveKneeFallsBackOnTheUltimateStrength) {
   auto records = trend(45.0);
-  for (auto& record : records) record.ratio = 10.0;
+  for (auto& record : records) {
+    record.ratio = 10.0;
+  }
   auto missing = kGlassFabric;
   missing.knee.compression = 0.0;
   auto given = kGlassFabric;

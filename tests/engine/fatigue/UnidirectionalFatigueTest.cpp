@@ -190,8 +190,12 @@ TEST(UnidirectionalFatigue, AxialSetsKeepTheStaticStrengthWithinTenPercent) {
 TEST(UnidirectionalFatigue, DirectionsAreFittedFromTheirOwnRecords) {
   std::vector<kx::SnRecord> along, across;
   for (const auto& set : publishedSets()) {
-    if (set.id == "sn_ge1_ud0_R0.1_RT") along = set.records;
-    if (set.id == "sn_ge1_ud90_R0.1_RT") across = set.records;
+    if (set.id == "sn_ge1_ud0_R0.1_RT") {
+      along = set.records;
+    }
+    if (set.id == "sn_ge1_ud90_R0.1_RT") {
+      across = set.records;
+    }
   }
   auto both = along;
   both.insert(both.end(), across.begin(), across.end());

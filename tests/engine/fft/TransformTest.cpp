@@ -34,7 +34,9 @@ void sumDirectly(std::vector<Complex>& values,
       image[k] += values[first + i * stride] * std::polar(1.0, phase);
     }
   }
-  for (std::size_t k = 0; k < points; ++k) values[first + k * stride] = image[k];
+  for (std::size_t k = 0; k < points; ++k) {
+    values[first + k * stride] = image[k];
+  }
 }
 
 double* data(std::vector<Complex>& values) {
@@ -43,7 +45,9 @@ double* data(std::vector<Complex>& values) {
 
 double distance(const std::vector<Complex>& a, const std::vector<Complex>& b) {
   double largest = 0.0;
-  for (std::size_t i = 0; i < a.size(); ++i) largest = std::max(largest, std::abs(a[i] - b[i]));
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    largest = std::max(largest, std::abs(a[i] - b[i]));
+  }
   return largest;
 }
 
@@ -52,7 +56,9 @@ TEST(Transform, InterleavedLinesFollowTheDefinition) {
     constexpr std::size_t kCount = 6;
     std::vector<Complex> values = numbers(n * kCount);
     std::vector<Complex> expected = values;
-    for (std::size_t c = 0; c < kCount; ++c) sumDirectly(expected, c, kCount, n);
+    for (std::size_t c = 0; c < kCount; ++c) {
+      sumDirectly(expected, c, kCount, n);
+    }
     Transform::interleaved(static_cast<int>(n), kCount)->forward(data(values));
     EXPECT_LT(distance(values, expected), kRounding * 100) << n;
   }
@@ -63,7 +69,9 @@ TEST(Transform, PlaneFollowsTheDefinition) {
   constexpr std::size_t kColumns = 6;
   std::vector<Complex> values = numbers(kRows * kColumns);
   std::vector<Complex> expected = values;
-  for (std::size_t row = 0; row < kRows; ++row) sumDirectly(expected, row * kColumns, 1, kColumns);
+  for (std::size_t row = 0; row < kRows; ++row) {
+    sumDirectly(expected, row * kColumns, 1, kColumns);
+  }
   for (std::size_t column = 0; column < kColumns; ++column) {
     sumDirectly(expected, column, kColumns, kRows);
   }
@@ -77,7 +85,9 @@ TEST(Transform, BackwardUndoesForwardButForTheNumberOfPoints) {
   const auto plane = Transform::plane(48, 20);
   plane->forward(data(values));
   plane->backward(data(values));
-  for (Complex& value : values) value /= 48.0 * 20.0;
+  for (Complex& value : values) {
+    value /= 48.0 * 20.0;
+  }
   EXPECT_LT(distance(values, original), kRounding);
 }
 

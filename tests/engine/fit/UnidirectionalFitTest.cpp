@@ -32,7 +32,9 @@ FitOptions isotropicMatrix() {
 std::vector<FitCase> publishedLaminae() {
   std::vector<FitCase> cases;
   for (const auto& item : test::referenceCases("published.json")) {
-    if (item.at("kind") != "ud_fit") continue;
+    if (item.at("kind") != "ud_fit") {
+      continue;
+    }
     const auto& targets = item.at("targets");
     const auto& fiber = item.at("inputs").at("fibre");
     const auto& matrix = item.at("inputs").at("matrix");
@@ -61,7 +63,9 @@ double relativeRms(const Properties& lamina, const Properties& target) {
   int count = 0;
   for (const auto member :
        {&Properties::e11, &Properties::e22, &Properties::v12, &Properties::v23, &Properties::g12}) {
-    if (!(target.*member > 0.0)) continue;
+    if (!(target.*member > 0.0)) {
+      continue;
+    }
     sum += std::pow(lamina.*member / (target.*member) - 1.0, 2);
     ++count;
   }
@@ -122,7 +126,9 @@ FitCase consistentCase(test::RandomMaterials& random, const bool carbon) {
   TransverselyIsotropic startFiber;
   do {
     startFiber = fiber;
-    for (const auto member : kElasticMembers<double>) startFiber.*member *= off();
+    for (const auto member : kElasticMembers<double>) {
+      startFiber.*member *= off();
+    }
   } while (!isAdmissible(startFiber));
   startFiber.a11 *= off();
   startFiber.a22 *= off();
@@ -463,12 +469,24 @@ TEST(UnidirectionalFit, ModuliThatOverflowLeaveTheLaminaAsGiven) {
 
 double absurdNumber(test::RandomMaterials& random) {
   const double kind = random.uniform(0.0, 1.0);
-  if (kind < 0.02) return std::numeric_limits<double>::quiet_NaN();
-  if (kind < 0.04) return std::numeric_limits<double>::infinity();
-  if (kind < 0.06) return 0.0;
-  if (kind < 0.12) return -random.logUniform(1e-6, 1e12);
-  if (kind < 0.40) return random.uniform(0.0, 0.6);
-  if (kind < 0.90) return random.logUniform(1e8, 1e12);
+  if (kind < 0.02) {
+    return std::numeric_limits<double>::quiet_NaN();
+  }
+  if (kind < 0.04) {
+    return std::numeric_limits<double>::infinity();
+  }
+  if (kind < 0.06) {
+    return 0.0;
+  }
+  if (kind < 0.12) {
+    return -random.logUniform(1e-6, 1e12);
+  }
+  if (kind < 0.40) {
+    return random.uniform(0.0, 0.6);
+  }
+  if (kind < 0.90) {
+    return random.logUniform(1e8, 1e12);
+  }
   return random.logUniform(1e-300, 1e300);
 }
 
@@ -476,7 +494,9 @@ double absurdNumber(test::RandomMaterials& random) {
 UnidirectionalMaterials spoiled(UnidirectionalMaterials materials, test::RandomMaterials& random) {
   for (Properties* set : {&materials.lamina, &materials.fiber, &materials.matrix}) {
     for (const auto member : kPropertyOrder<double>) {
-      if (random.uniform(0.0, 1.0) < 0.15) set->*member = absurdNumber(random);
+      if (random.uniform(0.0, 1.0) < 0.15) {
+        set->*member = absurdNumber(random);
+      }
     }
   }
   return materials;

@@ -113,7 +113,9 @@ TEST(Concentration, PhaseStressIsPhaseStiffnessTimesElasticStrain) {
   for (int i = 0; i < 200; ++i) {
     const auto lamina = laminaOf(random.carbonFiber(), random.isotropicMatrix(), 0.6);
     Vector6 overallStress;
-    for (Eigen::Index k = 0; k < 6; ++k) overallStress(k) = random.uniform(-1e8, 1e8);
+    for (Eigen::Index k = 0; k < 6; ++k) {
+      overallStress(k) = random.uniform(-1e8, 1e8);
+    }
     const double rise = random.uniform(-150.0, 50.0);
     const Vector6 overallStrain = compliance(properties(lamina.effective)) * overallStress +
                                   rise * expansion(properties(lamina.effective));

@@ -40,7 +40,9 @@ struct ArrayBar {
   double e11, v12, g12, e22;
 };
 ArrayBar hexagonalBar(const std::string& name) {
-  if (name.find("degraded") != std::string::npos) return {0.002, 0.005, 0.04, 0.06};
+  if (name.find("degraded") != std::string::npos) {
+    return {0.002, 0.005, 0.04, 0.06};
+  }
   return {0.001, 0.001, 0.025, 0.05};
 }
 

@@ -15,7 +15,9 @@ TEST(ThreadPool, VisitsEveryItemOnce) {
     for (const std::size_t items : {0U, 1U, 2U, 1000U}) {
       std::vector<std::atomic<int>> visits(items);
       pool.forEach(items, [&](const std::size_t item) { ++visits[item]; });
-      for (const auto& count : visits) EXPECT_EQ(count, 1);
+      for (const auto& count : visits) {
+        EXPECT_EQ(count, 1);
+      }
     }
   }
 }
@@ -44,7 +46,9 @@ TEST(ThreadPool, PassesAnExceptionOnAfterTheLoop) {
   std::atomic<int> visited{0};
   const auto work = [&](const std::size_t item) {
     ++visited;
-    if (item == 3) throw std::runtime_error("item 3");
+    if (item == 3) {
+      throw std::runtime_error("item 3");
+    }
   };
   EXPECT_THROW(pool.forEach(8, work), std::runtime_error);
   EXPECT_EQ(visited, 8);

@@ -14,7 +14,9 @@ namespace kx::test {
 /// tests/reference/<file>, parsed. A reference into the call's result dangles: name it first.
 inline nlohmann::json reference(const std::string& file) {
   std::ifstream stream(LAMCRAFT_TEST_DATA "/reference/" + file);
-  if (!stream) throw std::runtime_error("no reference data " + file);
+  if (!stream) {
+    throw std::runtime_error("no reference data " + file);
+  }
   return nlohmann::json::parse(stream);
 }
 
@@ -23,7 +25,9 @@ inline nlohmann::json reference(const std::string& file) {
 inline nlohmann::json referenceCases(const std::string& file, const std::string& key = {}) {
   const nlohmann::json all = reference(file);
   nlohmann::json cases = key.empty() ? all : all.at(key);
-  if (!cases.is_array() || cases.empty()) throw std::runtime_error("no cases " + key);
+  if (!cases.is_array() || cases.empty()) {
+    throw std::runtime_error("no cases " + key);
+  }
   return cases;
 }
 
@@ -58,7 +62,9 @@ inline Matrix6 matrix6From(const nlohmann::json& rows) {
 
 inline Vector6 vector6From(const nlohmann::json& list) {
   Vector6 vector;
-  for (Eigen::Index i = 0; i < 6; ++i) vector(i) = list.at(static_cast<std::size_t>(i));
+  for (Eigen::Index i = 0; i < 6; ++i) {
+    vector(i) = list.at(static_cast<std::size_t>(i));
+  }
   return vector;
 }
 

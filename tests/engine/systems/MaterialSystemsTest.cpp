@@ -46,7 +46,9 @@ using Ranges = std::map<std::string, nlohmann::json>;
 Ranges publishedRanges() {
   Ranges ranges;
   for (const auto& item : test::referenceCases("published.json")) {
-    if (item.at("kind") != "constituent_default") continue;
+    if (item.at("kind") != "constituent_default") {
+      continue;
+    }
     ranges[item.at("id").get<std::string>()] = item.at("targets").at("acceptance_range");
   }
   return ranges;

@@ -28,7 +28,9 @@ TEST(CellResponse, AgreesWithAnIndependentVoxelCodeOnTheSameGrid) {
   // some 1e-5 in Poisson's ratios and expansions.
   for (const auto& entry : referenceWeaves()) {
     const auto resolution = entry.at("levels").at(0);
-    if (resolution.at(1).get<int>() % 2 != 0) continue;  // not a grid of ours
+    if (resolution.at(1).get<int>() % 2 != 0) {  // not a grid of ours
+      continue;
+    }
     const auto reference = test::referenceWeave(entry);
     SCOPED_TRACE(entry.at("name").get<std::string>());
     const CellResponse response = respond(
@@ -80,7 +82,9 @@ TEST(CellResponse, DistanceToTheLimitHalvesWithTheVoxelSize) {
 
 TEST(CellResponse, ConcentrationsAreCloseToThoseOfFineGrids) {
   for (const auto& entry : referenceWeaves()) {
-    if (!entry.contains("decomposition")) continue;
+    if (!entry.contains("decomposition")) {
+      continue;
+    }
     const auto reference = test::referenceWeave(entry);
     SCOPED_TRACE(entry.at("name").get<std::string>());
     const int tows = reference.weave.geometry().pattern().tows();

@@ -190,7 +190,9 @@ TEST(WeaveFit, WrongUnitsStayFinite) {
 
 nlohmann::json published(const std::string& id) {
   for (const auto& entry : test::reference("published.json")) {
-    if (entry.at("id") == id) return entry;
+    if (entry.at("id") == id) {
+      return entry;
+    }
   }
   throw std::runtime_error("no published material " + id);
 }

@@ -38,8 +38,12 @@ TEST(InterlacingPattern, BindingPointsOfTheRegularSatinsDoNotTouch) {
     const auto satin = InterlacingPattern::ofHarness(harness);
     for (int warp = 0; warp < harness; ++warp) {
       for (int fill = 0; fill < harness; ++fill) {
-        if (satin->side(warp, fill) > 0) continue;
-        for (const int step : {-1, 0, 1}) EXPECT_EQ(satin->side(warp + 1, fill + step), 1);
+        if (satin->side(warp, fill) > 0) {
+          continue;
+        }
+        for (const int step : {-1, 0, 1}) {
+          EXPECT_EQ(satin->side(warp + 1, fill + step), 1);
+        }
       }
     }
   }

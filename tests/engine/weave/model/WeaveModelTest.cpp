@@ -46,7 +46,9 @@ void expectSame(const CellResponse& a, const CellResponse& b) {
 
 TEST(WeaveDescription, KnowsWhatMakesSense) {
   EXPECT_TRUE(smallWeave().isSensible());
-  for (const int harness : {2, 3, 6, 7, 9}) EXPECT_FALSE(smallWeave(harness).isSensible());
+  for (const int harness : {2, 3, 6, 7, 9}) {
+    EXPECT_FALSE(smallWeave(harness).isSensible());
+  }
   for (const double wrong : {0.0, -0.1, 1.0, 2.0, std::nan("")}) {
     WeaveDescription weave = smallWeave();
     weave.fillFraction = wrong;

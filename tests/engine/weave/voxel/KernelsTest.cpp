@@ -16,7 +16,9 @@ constexpr double kRounding = 1e-13;  // relative to the largest number of the re
 
 std::vector<double> waves(const std::size_t count, const double pace) {
   std::vector<double> values(count);
-  for (std::size_t i = 0; i < count; ++i) values[i] = std::sin(pace * static_cast<double>(i));
+  for (std::size_t i = 0; i < count; ++i) {
+    values[i] = std::sin(pace * static_cast<double>(i));
+  }
   return values;
 }
 
@@ -75,7 +77,9 @@ TEST(Kernels, DotSumsTheLanesApart) {
   const std::vector<double> a = waves(28, 0.3);
   const std::vector<double> b = waves(28, 0.7);
   double expected[2] = {};
-  for (std::size_t i = 0; i < a.size(); ++i) expected[i % 2] += a[i] * b[i];
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    expected[i % 2] += a[i] * b[i];
+  }
   const kernels::Table* tables[3] = {};
   const int count = kernels::available(tables);
   for (int t = 0; t < count; ++t) {
@@ -122,7 +126,9 @@ TEST(Kernels, RigidMotionMeetsNoForce) {
   job.farForce = forces.data() + layout.planeStride();
   job.scratch = scratch.data();
   kernels::best().voxelPlane(job);
-  for (const double force : forces) EXPECT_EQ(force, 0.0);
+  for (const double force : forces) {
+    EXPECT_EQ(force, 0.0);
+  }
 }
 
 }  // namespace

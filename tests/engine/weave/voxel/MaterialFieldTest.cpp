@@ -11,7 +11,9 @@ TEST(MaterialField, GroupsEqualNeighboursOfARowIntoRuns) {
   MaterialField field(GridShape{1, 2, 4});
   test::addMaterial(field, test::softSolid());
   test::addMaterial(field, test::stiffTow());
-  for (const int material : {0, 1, 1, 0, 0, 0, 0, 0}) field.addVoxel(material);
+  for (const int material : {0, 1, 1, 0, 0, 0, 0, 0}) {
+    field.addVoxel(material);
+  }
   const std::int32_t* const rows = field.rowRuns(0);
   ASSERT_EQ(rows[1] - rows[0], 3);
   ASSERT_EQ(rows[2] - rows[1], 1);
@@ -24,7 +26,9 @@ TEST(MaterialField, MeansAreWeightedWithTheVoxels) {
   MaterialField field(GridShape{1, 1, 4});
   test::addMaterial(field, test::softSolid());
   test::addMaterial(field, test::stiffTow());
-  for (const int material : {0, 1, 1, 1}) field.addVoxel(material);
+  for (const int material : {0, 1, 1, 1}) {
+    field.addVoxel(material);
+  }
   const Matrix6 expected = 0.25 * stiffness(test::softSolid()) + 0.75 * stiffness(test::stiffTow());
   EXPECT_LT((field.meanStiffness() - expected).norm(), 1e-12 * expected.norm());
 }

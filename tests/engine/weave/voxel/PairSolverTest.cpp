@@ -77,7 +77,9 @@ TEST(PairSolver, SolvesALaminateExactly) {
 TEST(PairSolver, LeavesAHomogeneousCellAtRest) {
   MaterialField field(GridShape{6, 6, 4, 0.1, 0.1, 0.02});
   test::addMaterial(field, test::stiffTow(), fillFrame(0.2));
-  for (std::size_t voxel = 0; voxel < field.shape().voxels(); ++voxel) field.addVoxel(0);
+  for (std::size_t voxel = 0; voxel < field.shape().voxels(); ++voxel) {
+    field.addVoxel(0);
+  }
   kernels::PairLoad load = strains(k11, k13);
   load.temperature[1] = 1000.0;
   const Solution solution = solve(field, load, 1e-6);
