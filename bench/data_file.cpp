@@ -9,10 +9,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "composite/support/TestComposite.h"
 #include "datafile/NumberText.h"
 #include "datafile/UniXML.h"
 #include "datafile/WeaveXML.h"
+#include "model/support/TestComposite.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "composite/SolveConsole.h"
 #include "composite/SolveMonitor.h"
 #include "composite/UnitConversion.h"
-#include "composite/model/LamcraftException.h"
+#include "model/LamcraftException.h"
 
 namespace lamcraft {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "composite/MicromechanicsCalls.h"
-#include "composite/model/Composite.h"
+#include "model/Composite.h"
 
 namespace lamcraft {
 

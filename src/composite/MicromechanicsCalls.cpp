@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "micromech/kxdriver.h"
+#include "lamcraft/kxdriver.h"
 
 namespace lamcraft::micromechanics {
 

@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string>
 
-#include "composite/model/Composite.h"
-#include "composite/model/DamageStateRecord.h"
-#include "composite/model/EnvironmentRecord.h"
-#include "composite/model/MaterialSystem.h"
+#include "model/Composite.h"
+#include "model/DamageStateRecord.h"
+#include "model/EnvironmentRecord.h"
+#include "model/MaterialSystem.h"
 
 /// The program's side of the library contract: one function for each function of the library, and
 /// no other place that takes addresses for it. Values must be in base units.

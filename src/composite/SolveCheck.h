@@ -1,7 +1,7 @@
 #ifndef LAMCRAFT_COMPOSITE_SOLVECHECK_H
 #define LAMCRAFT_COMPOSITE_SOLVECHECK_H
 
-#include "composite/model/EnvironmentRecord.h"
+#include "model/EnvironmentRecord.h"
 
 namespace lamcraft {
 

@@ -3,10 +3,10 @@
 #include <array>
 #include <cstdint>
 
-#include "composite/model/PropertyTables.h"
 #include "console/Format.h"
 #include "console/Messages.h"
 #include "console/Output.h"
+#include "model/PropertyTables.h"
 
 namespace lamcraft {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "composite/MicromechanicsCalls.h"
-#include "composite/model/EnvironmentRecord.h"
+#include "model/EnvironmentRecord.h"
 
 /// What a solve says on the console.
 namespace lamcraft {

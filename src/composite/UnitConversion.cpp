@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 
-#include "composite/model/PropertyTables.h"
-#include "composite/model/UnitFactors.h"
+#include "model/PropertyTables.h"
+#include "model/UnitFactors.h"
 
 namespace lamcraft {
 

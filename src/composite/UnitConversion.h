@@ -1,7 +1,7 @@
 #ifndef LAMCRAFT_COMPOSITE_UNITCONVERSION_H
 #define LAMCRAFT_COMPOSITE_UNITCONVERSION_H
 
-#include "composite/model/Composite.h"
+#include "model/Composite.h"
 
 namespace lamcraft {
 

@@ -5,7 +5,7 @@
 
 #include <tinyxml.h>
 
-#include "composite/model/EnvironmentRecord.h"
+#include "model/EnvironmentRecord.h"
 
 /// Blocks about an environment's composite that unidirectional and woven data files share.
 namespace lamcraft::xml {

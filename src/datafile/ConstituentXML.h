@@ -5,8 +5,8 @@
 
 #include <tinyxml.h>
 
-#include "composite/model/Constituent.h"
-#include "composite/model/EnvironmentRecord.h"
+#include "model/Constituent.h"
+#include "model/EnvironmentRecord.h"
 
 /// Blocks about constituents that unidirectional and woven data files share.
 namespace lamcraft::xml {

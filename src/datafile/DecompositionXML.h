@@ -5,7 +5,7 @@
 
 #include <tinyxml.h>
 
-#include "composite/model/DamageStateRecord.h"
+#include "model/DamageStateRecord.h"
 
 namespace lamcraft::xml {
 

@@ -6,8 +6,8 @@
 
 #include <tinyxml.h>
 
-#include "composite/model/Composite.h"
-#include "composite/model/EnvironmentRecord.h"
+#include "model/Composite.h"
+#include "model/EnvironmentRecord.h"
 
 namespace lamcraft {
 

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "composite/model/DamageStateRecord.h"
 #include "datafile/MaterialXML.h"
+#include "model/DamageStateRecord.h"
 
 namespace lamcraft {
 

@@ -5,7 +5,7 @@
 
 #include <tinyxml.h>
 
-#include "composite/model/PropertySet.h"
+#include "model/PropertySet.h"
 #include "variation/VariableProperty.h"
 
 /// The elements that all blocks of a data file are made of.

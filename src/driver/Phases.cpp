@@ -3,9 +3,9 @@
 #include <exception>
 
 #include "abqinp/InputFileException.h"
-#include "composite/model/LamcraftException.h"
 #include "console/Messages.h"
 #include "console/Output.h"
+#include "model/LamcraftException.h"
 
 namespace lamcraft::driver {
 

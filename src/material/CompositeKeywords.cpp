@@ -10,9 +10,9 @@
 #include "composite/MicromechanicsCalls.h"
 #include "composite/SatinWeave.h"
 #include "composite/Uni.h"
-#include "composite/model/LamcraftException.h"
 #include "material/MaterialSystems.h"
 #include "material/VariationReaders.h"
+#include "model/LamcraftException.h"
 
 namespace lamcraft::keywords {
 

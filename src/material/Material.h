@@ -7,7 +7,7 @@
 
 #include "abqinp/InputFile.h"
 #include "abqinp/Keyword.h"
-#include "composite/model/Composite.h"
+#include "model/Composite.h"
 #include "platform/StagedFile.h"
 
 namespace lamcraft {

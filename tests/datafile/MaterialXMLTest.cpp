@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "composite/support/TestComposite.h"
 #include "datafile/XmlExpectation.h"
+#include "model/support/TestComposite.h"
 
 namespace lamcraft {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "composite/support/TestComposite.h"
 #include "datafile/UniXML.h"
 #include "datafile/XmlExpectation.h"
+#include "model/support/TestComposite.h"
 
 #ifndef _WIN32
 #include <sys/resource.h>

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "composite/support/TestComposite.h"
 #include "datafile/GermanLocale.h"
 #include "datafile/XmlExpectation.h"
+#include "model/support/TestComposite.h"
 
 namespace lamcraft {
 namespace {

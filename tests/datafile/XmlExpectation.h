@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 #include <tinyxml.h>
 
-#include "composite/model/Composite.h"
+#include "model/Composite.h"
 
 namespace lamcraft {
 

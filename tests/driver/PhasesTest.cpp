@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "abqinp/InputFileException.h"
-#include "composite/model/LamcraftException.h"
+#include "model/LamcraftException.h"
 #include "support/ConsoleCapture.h"
 
 namespace lamcraft::driver {

@@ -19,7 +19,7 @@
 #include <string>
 #include <thread>
 
-#include "micromech/kxdriver.h"
+#include "lamcraft/kxdriver.h"
 
 namespace {
 

@@ -10,11 +10,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "driver/ContractCalls.h"
+#include "contract/ContractCalls.h"
 #include "fuzz/CallInput.h"
 #include "fuzz/Promises.h"
 #include "fuzz/Target.h"
-#include "micromech/kxdriver.h"
+#include "lamcraft/kxdriver.h"
 
 namespace lamcraft::fuzz {
 namespace {

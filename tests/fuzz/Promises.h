@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "driver/Argument.h"
-#include "driver/ContractCalls.h"
+#include "contract/Argument.h"
+#include "contract/ContractCalls.h"
 #include "elastic/Properties.h"
 
 /// What the engine promises of every answer, whatever it was asked (docs/engine.md). The process

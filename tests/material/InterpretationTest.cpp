@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "abqinp/InputFileException.h"
-#include "composite/model/LamcraftException.h"
 #include "material/support/DeckRun.h"
+#include "model/LamcraftException.h"
 
 namespace lamcraft {
 namespace {

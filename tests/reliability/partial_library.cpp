@@ -1,5 +1,5 @@
 // A micromechanics library that has but one of its functions.
 
-#include "micromech/kxdriver.h"
+#include "lamcraft/kxdriver.h"
 
 void SETISOFLAG(const int32_t* const /*isotropic*/) {}

@@ -1,0 +1,164 @@
+#include <array>
+
+#include <gtest/gtest.h>
+
+#include "contract/Contract.h"
+
+namespace {
+
+using kx::test::twelve;
+
+TEST(WeaveOptimization, FitThatCannotStartKeepsTheStartValues) {
+  const kx::test::UnidirectionalCall materials;
+  kx::test::WeaveOptimization call;
+  call.weave.towFractions = {0.0, 0.0};
+  call.lamina = materials.lamina;
+  call.fiber = materials.fiber;
+  call.matrix = materials.matrix;
+  call.run();
+  EXPECT_EQ(call.fiber, materials.fiber);
+  EXPECT_EQ(call.matrix, materials.matrix);
+  EXPECT_GE(call.errors[1], call.errors[0]);
+  EXPECT_GE(call.errors[3], call.errors[2]);
+  EXPECT_EQ(call.errors[4], kx::test::kUntouched);
+  EXPECT_EQ(call.iterations[0], 0);
+  EXPECT_EQ(call.iterations[1], 0);
+  EXPECT_EQ(call.iterations[2], kx::test::kUntouched);
+}
+
+/// A plain weave of carbon and epoxy without damage.
+struct DamageCall : kx::test::WeaveDamageState {
+  DamageCall() {
+    for (auto* code : {&pocketCode, &fillCode, &warpCode}) {
+      code->value() = 0;
+    }
+    weave.towFractions = {0.4, 0.4};
+    weave.fiberFractionInTow = 0.7;
+    fiber = twelve({230e9, 15e9, 0.2, 0.25, 20e9, -5e-7, 1e-5});
+    matrix = twelve(kx::isotropic(3.5e9, 0.35, 5.5e-5));
+  }
+};
+
+TEST(WeaveDamageState, FillsTheSetsInTheirOrder) {
+  DamageCall call;
+  call.pocketCode.value() = 1;
+  call.fillCode.value() = 2;
+  call.fiberDegradation = 0.02;
+  call.matrixDegradation = 0.5;
+  call.run();
+  EXPECT_DOUBLE_EQ(call.matrixPocket[0], 0.5 * 3.5e9);
+  EXPECT_DOUBLE_EQ(call.fillFiber[0], 0.02 * 230e9);
+  EXPECT_DOUBLE_EQ(call.fillMatrix[0], 0.5 * 3.5e9);
+  EXPECT_DOUBLE_EQ(call.warpFiber[0], 230e9);
+  EXPECT_DOUBLE_EQ(call.warpMatrix[0], 3.5e9);
+  EXPECT_GT(call.warp[0], 10 * call.fill[0]);
+  EXPECT_GT(call.composite[1], 2 * call.composite[0]);  // the warp still carries
+  EXPECT_EQ(call.pocketCode.value(), 1);
+  EXPECT_EQ(call.fillCode.value(), 2);
+  EXPECT_EQ(call.warpCode.value(), 0);
+}
+
+TEST(WeaveDamageState, BlocksHoldTheSlotsInTheirOrder) {
+  DamageCall call;
+  call.fillCode.value() = 1;
+  call.run();
+  const double fillFraction = call.weave.towFractions[0];
+  const double warpFraction = call.weave.towFractions[1];
+  const double pocketFraction = 1 - fillFraction - warpFraction;
+  for (const std::size_t matrix : {0U, 36U}) {
+    for (std::size_t i = 0; i < 36; ++i) {
+      const double identity = i % 7 == 0 ? 1.0 : 0.0;
+      const std::size_t at = matrix + i;
+      // The voxel model's fractions are within 0.001 of the weave's.
+      EXPECT_NEAR(fillFraction * call.unitCellBlock[at] +
+                      pocketFraction * call.unitCellBlock[84 + at] +
+                      warpFraction * call.unitCellBlock[168 + at],
+                  identity,
+                  0.01);
+      EXPECT_NEAR(0.7 * call.fillBlock[at] + 0.3 * call.fillBlock[84 + at], identity, 1e-9);
+      EXPECT_NEAR(0.7 * call.warpBlock[at] + 0.3 * call.warpBlock[84 + at], identity, 1e-9);
+    }
+  }
+  // The fill tow lies along 1 and carries the stress there, the warp tow along 2, and more of it.
+  EXPECT_GT(call.unitCellBlock[0], 2.0);
+  EXPECT_GT(call.unitCellBlock[168 + 7], 2.0);
+  EXPECT_LT(call.unitCellBlock[84], 0.5);
+  // By columns: transverse strain of the fiber under axial strain of the tow stands in row 2 of
+  // column 1, and no axial strain under transverse strain.
+  EXPECT_NE(call.fillBlock[36 + 1], 0.0);
+  EXPECT_EQ(call.fillBlock[36 + 6], 0.0);
+}
+
+TEST(WeaveDamageState, AnswersNonsenseWithZeros) {
+  DamageCall call;
+  call.weave.harness = 3;
+  call.run();
+  EXPECT_EQ(call.composite, kx::test::Twelve{});
+}
+
+TEST(WeaveDamageState, AnswersWhatOverflowsWithZeros) {
+  DamageCall call;
+  call.fiber[0] = 1e300;
+  call.run();
+  for (const double number : call.composite) {
+    EXPECT_EQ(number, 0.0);
+  }
+  for (const double number : call.unitCellBlock) {
+    EXPECT_EQ(number, 0.0);
+  }
+}
+
+TEST(WeaveOptimization, ReturnsThePlyOfTheFirstDamageState) {
+  DamageCall truth;
+  truth.run();
+  kx::test::WeaveOptimization call;
+  call.weave = truth.weave;
+  call.lamina = truth.composite;
+  call.lamina[7] = -1.0;  // G13 is not given
+  call.fiber = twelve({200e9, 17e9, 0.23, 0.3, 15e9, -3e-7, 1.2e-5});
+  call.matrix = twelve(kx::isotropic(4.2e9, 0.33, 4.5e-5));
+  const std::int32_t isotropic = 1;
+  SETISOFLAG(&isotropic);
+  call.run();
+  EXPECT_GT(call.errors[0], 0.05);
+  EXPECT_LT(call.errors[1], 3e-5);  // what two field solves leave in Poisson's ratios
+  EXPECT_LT(call.errors[3], 1e-4);
+  EXPECT_EQ(call.errors[4], kx::test::kUntouched);
+  EXPECT_GT(call.iterations[0], 1);
+  EXPECT_EQ(call.iterations[1], 1);
+  std::int32_t iteration = -1;
+  double error = -1.0;
+  EXPECT_EQ(INSITU_STATUS(&iteration, &error), 0);
+  EXPECT_GE(iteration, call.iterations[0]);
+  DamageCall state;
+  state.fiber = call.fiber;
+  state.matrix = call.matrix;
+  state.run();
+  EXPECT_EQ(state.composite, call.lamina);
+}
+
+TEST(WeavePrefail, ReducesTheCurveAndSoftensTheMatrix) {
+  const DamageCall materials;
+  kx::test::WeavePrefail call;
+  call.weave = materials.weave;
+  call.matrix = materials.matrix;
+  call.fiber = materials.fiber;
+  call.lamina.fill(0.0);
+  call.shearStrength = 80e6;
+  call.pointCount = 16;
+  // d = 1 up to 20 MPa, then linear to 0.4 at 80 MPa.
+  for (int i = 1; i <= call.pointCount; ++i) {
+    const double tau = 5e6 * i;
+    call.stress.push_back(tau);
+    call.strain.push_back(tau / (4.4e9 * (tau <= 20e6 ? 1.0 : 1.0 - (tau - 20e6) / 100e6)));
+  }
+  call.run();
+  EXPECT_EQ(call.failed.value(), 0);
+  EXPECT_EQ(call.code.value(), 0);
+  EXPECT_NEAR(call.thr.value(), 20e6, 0.1e6);
+  EXPECT_NEAR(call.m.value(), -1e-8, 1e-10);
+  EXPECT_NEAR(call.c2mdeg[0] + call.c2mdeg[1] + call.c2mdeg[2], 1.0, 0.005);
+  EXPECT_NEAR(call.c2mdeg[1], 0.695, 0.01);
+}
+
+}  // namespace
