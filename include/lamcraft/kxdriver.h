@@ -33,6 +33,57 @@
 #define KXDRIVER_API
 #endif
 
+/// Lengths and orders that both sides need. One enumeration without a name: they are plain integers
+/// to C and C++ alike.
+enum {
+  KX_PROPERTY_COUNT = 12,
+
+  /// Where the parts of a slot begin. A slot says how stress and strain of the whole reach one of
+  /// its parts.
+  KX_SLOT_STRESS = 0,           ///< stress concentration, 6x6 by columns
+  KX_SLOT_STRAIN = 36,          ///< strain concentration, 6x6 by columns
+  KX_SLOT_THERMAL_STRESS = 72,  ///< 6
+  KX_SLOT_THERMAL_STRAIN = 78,  ///< 6
+  KX_SLOT_LENGTH = 84,
+
+  /// Slots of the unit-cell block.
+  KX_CELL_FILL = 0,
+  KX_CELL_POCKET = 1,
+  KX_CELL_WARP = 2,
+  KX_CELL_INTERFACE = 3,
+  KX_CELL_SLOTS = 4,
+
+  /// Slots of the fill block and of the warp block.
+  KX_TOW_FIBER = 0,
+  KX_TOW_MATRIX = 1,
+  KX_TOW_SLOTS = 2,
+
+  /// Property sets of a damage-state record.
+  KX_SET_COMPOSITE = 0,
+  KX_SET_POCKET = 1,
+  KX_SET_FILL = 2,
+  KX_SET_WARP = 3,
+  KX_SET_INTERFACE = 4,  ///< handed to no function: the interface has no volume
+  KX_SET_FILL_FIBER = 5,
+  KX_SET_FILL_MATRIX = 6,
+  KX_SET_WARP_FIBER = 7,
+  KX_SET_WARP_MATRIX = 8,
+  KX_SET_COUNT = 9,
+
+  /// What has failed in a part of a weave. The pocket has no fiber.
+  KX_INTACT = 0,
+  KX_MATRIX_FAILED = 1,
+  KX_FIBER_FAILED = 2,  ///< and the matrix with it
+
+  /// The number of a damage state: KX_STATE_INTACT + pocket code + KX_STATE_FILL_STEP * fill code +
+  /// KX_STATE_WARP_STEP * warp code.
+  KX_STATE_INTACT = 1,
+  KX_STATE_FILL_STEP = 2,
+  KX_STATE_WARP_STEP = 6,
+  KX_STATE_COUNT = 18,
+  KX_FATIGUE_STATE_COUNT = 8  ///< those without failed fibers: 1 to 4 and 7 to 10
+};
+
 #ifdef __cplusplus
 extern "C" {
 #endif

@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr int kProperties = 12;
 constexpr int kRow = 6;
 
 std::int32_t setting(const char* const name, const std::int32_t otherwise) {
@@ -170,9 +169,9 @@ void UNI_OPTIMIZATION(const double* const fiberVolumeFraction,
                       int32_t* const iterations) {
   Call("UNI_OPTIMIZATION")
       .in("fiberVolumeFraction", fiberVolumeFraction)
-      .in("lamina", lamina, kProperties)
-      .in("fiber", fiber, kProperties)
-      .in("matrix", matrix, kProperties)
+      .in("lamina", lamina, KX_PROPERTY_COUNT)
+      .in("fiber", fiber, KX_PROPERTY_COUNT)
+      .in("matrix", matrix, KX_PROPERTY_COUNT)
       .in("temperature", temperature)
       .in("snCount", snCount)
       .in("sn", sn, 5 * *snCount)
@@ -185,7 +184,7 @@ void UNI_OPTIMIZATION(const double* const fiberVolumeFraction,
       .in("fatigueIterations", &iterations[2]);
   takeTime();
   for (double* const set : {lamina, fiber, matrix}) {
-    fill(set, kProperties);
+    fill(set, KX_PROPERTY_COUNT);
   }
   fill(fatigueLongitudinal, kRow);
   fill(fatigueTransverse, kRow);
@@ -209,9 +208,9 @@ void PREFAIL(const double* const fiberVolumeFraction,
              int32_t* const code) {
   Call("PREFAIL")
       .in("fiberVolumeFraction", fiberVolumeFraction)
-      .in("matrix", matrix, kProperties)
-      .in("fiber", fiber, kProperties)
-      .in("lamina", lamina, kProperties)
+      .in("matrix", matrix, KX_PROPERTY_COUNT)
+      .in("fiber", fiber, KX_PROPERTY_COUNT)
+      .in("lamina", lamina, KX_PROPERTY_COUNT)
       .in("shearStrength", shearStrength)
       .in("stress", stress, *pointCount)
       .in("strain", strain, *pointCount)
@@ -238,9 +237,9 @@ void WEAVE_OPTIMIZATION(const int32_t* const harness,
       .in("harness", harness)
       .in("towFractions", towFractions, 2)
       .in("fiberFractionInTow", fiberFractionInTow)
-      .in("lamina", lamina, kProperties)
-      .in("fiber", fiber, kProperties)
-      .in("matrix", matrix, kProperties)
+      .in("lamina", lamina, KX_PROPERTY_COUNT)
+      .in("fiber", fiber, KX_PROPERTY_COUNT)
+      .in("matrix", matrix, KX_PROPERTY_COUNT)
       .in("errors", errors, 6)
       .in("mechanicalIterations", &iterations[0])
       .in("thermalIterations", &iterations[1])
@@ -252,7 +251,7 @@ void WEAVE_OPTIMIZATION(const int32_t* const harness,
       .in("satin", satin);
   takeTime();
   for (double* const set : {lamina, fiber, matrix}) {
-    fill(set, kProperties);
+    fill(set, KX_PROPERTY_COUNT);
   }
   fill(errors, 4);
   fill(iterations, 2);
@@ -280,9 +279,9 @@ void WEAVE_PREFAIL(const int32_t* const harness,
       .in("harness", harness)
       .in("towFractions", towFractions, 2)
       .in("fiberFractionInTow", fiberFractionInTow)
-      .in("matrix", matrix, kProperties)
-      .in("fiber", fiber, kProperties)
-      .in("lamina", lamina, kProperties)
+      .in("matrix", matrix, KX_PROPERTY_COUNT)
+      .in("fiber", fiber, KX_PROPERTY_COUNT)
+      .in("lamina", lamina, KX_PROPERTY_COUNT)
       .in("shearStrength", shearStrength)
       .in("stress", stress, *pointCount)
       .in("strain", strain, *pointCount)
@@ -321,7 +320,6 @@ void WEAVE_DAMAGE_STATE(int32_t* const pocketCode,
                         const char* const text3,
                         const int32_t* const zero,
                         const int32_t* const satin) {
-  constexpr int kSlot = 84;
   Call("WEAVE_DAMAGE_STATE")
       .in("pocketCode", pocketCode)
       .in("fillCode", fillCode)
@@ -329,8 +327,8 @@ void WEAVE_DAMAGE_STATE(int32_t* const pocketCode,
       .in("harness", harness)
       .in("towFractions", towFractions, 2)
       .in("fiberFractionInTow", fiberFractionInTow)
-      .in("fiber", fiber, kProperties)
-      .in("matrix", matrix, kProperties)
+      .in("fiber", fiber, KX_PROPERTY_COUNT)
+      .in("matrix", matrix, KX_PROPERTY_COUNT)
       .in("fiberDegradation", fiberDegradation)
       .in("matrixDegradation", matrixDegradation)
       .in("snCount", snCount)
@@ -339,7 +337,7 @@ void WEAVE_DAMAGE_STATE(int32_t* const pocketCode,
       .in("text3", text3)
       .in("zero", zero)
       .in("satin", satin);
-  fillEach(kProperties,
+  fillEach(KX_PROPERTY_COUNT,
            composite,
            matrixPocket,
            fill_,
@@ -348,9 +346,9 @@ void WEAVE_DAMAGE_STATE(int32_t* const pocketCode,
            fillMatrix,
            warpFiber,
            warpMatrix);
-  fill(unitCellBlock, 4 * kSlot);
-  fill(fillBlock, 2 * kSlot);
-  fill(warpBlock, 2 * kSlot);
+  fill(unitCellBlock, KX_CELL_SLOTS * KX_SLOT_LENGTH);
+  fill(fillBlock, KX_TOW_SLOTS * KX_SLOT_LENGTH);
+  fill(warpBlock, KX_TOW_SLOTS * KX_SLOT_LENGTH);
 }
 
 void FAT_DCMP_PROPS(const double* const composite,
@@ -366,14 +364,14 @@ void FAT_DCMP_PROPS(const double* const composite,
                     const double* const warpBlock,
                     const void* const record) {
   Call("FAT_DCMP_PROPS")
-      .in("composite", composite, kProperties)
-      .in("matrixPocket", matrixPocket, kProperties)
-      .in("fill", fill_, kProperties)
-      .in("warp", warp, kProperties)
-      .in("fillFiber", fillFiber, kProperties)
-      .in("fillMatrix", fillMatrix, kProperties)
-      .in("warpFiber", warpFiber, kProperties)
-      .in("warpMatrix", warpMatrix, kProperties)
+      .in("composite", composite, KX_PROPERTY_COUNT)
+      .in("matrixPocket", matrixPocket, KX_PROPERTY_COUNT)
+      .in("fill", fill_, KX_PROPERTY_COUNT)
+      .in("warp", warp, KX_PROPERTY_COUNT)
+      .in("fillFiber", fillFiber, KX_PROPERTY_COUNT)
+      .in("fillMatrix", fillMatrix, KX_PROPERTY_COUNT)
+      .in("warpFiber", warpFiber, KX_PROPERTY_COUNT)
+      .in("warpMatrix", warpMatrix, KX_PROPERTY_COUNT)
       .in("unitCellBlock", unitCellBlock, 1)
       .in("fillBlock", fillBlock, 1)
       .in("warpBlock", warpBlock, 1)
@@ -424,8 +422,8 @@ void FHT_GETDEFPROPS(const int32_t* const system,
                      double* const value,
                      double* const block) {
   Call("FHT_GETDEFPROPS").in("system", system);
-  fill(fiber, kProperties);
-  fill(matrix, kProperties);
+  fill(fiber, KX_PROPERTY_COUNT);
+  fill(matrix, KX_PROPERTY_COUNT);
   fill(value, 1);
   fill(block, 1);
 }

@@ -45,10 +45,10 @@ constexpr std::array<double, 10> kStrain{
     0.0016, 0.0033, 0.0052, 0.0074, 0.0099, 0.0129, 0.0165, 0.0207, 0.0256, 0.0314};
 
 /// A slot of a decomposition: of its concentrations that of stress, the identity.
-constexpr std::array<double, test::kSlot> identitySlot() {
-  std::array<double, test::kSlot> slot{};
+constexpr std::array<double, KX_SLOT_LENGTH> identitySlot() {
+  std::array<double, KX_SLOT_LENGTH> slot{};
   for (std::size_t row = 0; row < 6; ++row) {
-    slot[7 * row] = 1.0;
+    slot[KX_SLOT_STRESS + 7 * row] = 1.0;
   }
   return slot;
 }
@@ -305,7 +305,7 @@ class Calls {
   template <typename Block>
   void drawBlock(Block& block) {
     constexpr auto kUsual = identitySlot();
-    for (std::size_t slot = 0; slot < block.size(); slot += test::kSlot) {
+    for (std::size_t slot = 0; slot < block.size(); slot += KX_SLOT_LENGTH) {
       const auto numbers = input_.manyNumbers(kUsual);
       std::copy(numbers.begin(), numbers.end(), block.begin() + slot);
     }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "contract/Argument.h"
+#include "lamcraft/kxdriver.h"
 
 /// The longer argument lists of lamcraft/kxdriver.h: a structure for each function, with members
 /// that are named and sized as the arguments are there, and `run`, which calls it with them.
@@ -14,9 +15,6 @@ namespace kx::test {
 
 /// Stress, cycles, frequency, angle, ratio.
 using SnRow = std::array<double, 5>;
-
-/// Numbers of one slot of a decomposition.
-inline constexpr std::size_t kSlot = 84;
 
 struct UniOptimization {
   double fiberVolumeFraction = 0.0;
@@ -79,17 +77,17 @@ struct WeaveDamageState {
   In<double, 12> fiber, matrix;
   double fiberDegradation = -1.0, matrixDegradation = -1.0;
   Out<double, 12> composite, matrixPocket, fill, warp, fillFiber, fillMatrix, warpFiber, warpMatrix;
-  Out<double, 4 * kSlot> unitCellBlock;
-  Out<double, 2 * kSlot> fillBlock, warpBlock;
+  Out<double, KX_CELL_SLOTS * KX_SLOT_LENGTH> unitCellBlock;
+  Out<double, KX_TOW_SLOTS * KX_SLOT_LENGTH> fillBlock, warpBlock;
   std::int32_t snCount = 0;
 
   void run();
 };
 
 struct FatDcmpProps {
-  std::array<In<double, 12>, 8> sets;
-  In<double, 4 * kSlot> unitCellBlock;
-  In<double, 2 * kSlot> fillBlock, warpBlock;
+  std::array<In<double, 12>, KX_SET_COUNT - 1> sets;
+  In<double, KX_CELL_SLOTS * KX_SLOT_LENGTH> unitCellBlock;
+  In<double, KX_TOW_SLOTS * KX_SLOT_LENGTH> fillBlock, warpBlock;
   In<std::int32_t, 4> record;  // state number, three codes
 
   void run() const;

@@ -18,21 +18,21 @@ struct NotedState : kx::test::FatDcmpProps {
     }
     for (auto* tow : {&fillBlock, &warpBlock}) {
       tow->fill(0.0);
-      stress(*tow, 1, 0, 0) = 0.1;
-      stress(*tow, 1, 1, 1) = 0.8;
+      stress(*tow, KX_TOW_MATRIX, 0, 0) = 0.1;
+      stress(*tow, KX_TOW_MATRIX, 1, 1) = 0.8;
     }
     unitCellBlock.fill(0.0);
-    stress(unitCellBlock, 0, 0, 0) = 1.6;
-    stress(unitCellBlock, 2, 0, 0) = 0.6;
-    stress(unitCellBlock, 2, 1, 1) = 1.6;
-    record = {1, 0, 0, 0};
+    stress(unitCellBlock, KX_CELL_FILL, 0, 0) = 1.6;
+    stress(unitCellBlock, KX_CELL_WARP, 0, 0) = 0.6;
+    stress(unitCellBlock, KX_CELL_WARP, 1, 1) = 1.6;
+    record = {KX_STATE_INTACT, KX_INTACT, KX_INTACT, KX_INTACT};
   }
 
  private:
   /// The stress concentration comes first in a slot, by columns.
   template <typename Block>
   static double& stress(Block& block, std::size_t slot, std::size_t row, std::size_t column) {
-    return block[kx::test::kSlot * slot + 6 * column + row];
+    return block[KX_SLOT_LENGTH * slot + KX_SLOT_STRESS + 6 * column + row];
   }
 };
 

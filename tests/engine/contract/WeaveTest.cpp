@@ -59,34 +59,41 @@ TEST(WeaveDamageState, FillsTheSetsInTheirOrder) {
 }
 
 TEST(WeaveDamageState, BlocksHoldTheSlotsInTheirOrder) {
+  constexpr std::size_t kFill = KX_CELL_FILL * KX_SLOT_LENGTH;
+  constexpr std::size_t kPocket = KX_CELL_POCKET * KX_SLOT_LENGTH;
+  constexpr std::size_t kWarp = KX_CELL_WARP * KX_SLOT_LENGTH;
+  constexpr std::size_t kFiber = KX_TOW_FIBER * KX_SLOT_LENGTH;
+  constexpr std::size_t kMatrix = KX_TOW_MATRIX * KX_SLOT_LENGTH;
   DamageCall call;
   call.fillCode.value() = 1;
   call.run();
   const double fillFraction = call.weave.towFractions[0];
   const double warpFraction = call.weave.towFractions[1];
   const double pocketFraction = 1 - fillFraction - warpFraction;
-  for (const std::size_t matrix : {0U, 36U}) {
+  for (const std::size_t matrix : {KX_SLOT_STRESS, KX_SLOT_STRAIN}) {
     for (std::size_t i = 0; i < 36; ++i) {
       const double identity = i % 7 == 0 ? 1.0 : 0.0;
       const std::size_t at = matrix + i;
       // The voxel model's fractions are within 0.001 of the weave's.
-      EXPECT_NEAR(fillFraction * call.unitCellBlock[at] +
-                      pocketFraction * call.unitCellBlock[84 + at] +
-                      warpFraction * call.unitCellBlock[168 + at],
+      EXPECT_NEAR(fillFraction * call.unitCellBlock[kFill + at] +
+                      pocketFraction * call.unitCellBlock[kPocket + at] +
+                      warpFraction * call.unitCellBlock[kWarp + at],
                   identity,
                   0.01);
-      EXPECT_NEAR(0.7 * call.fillBlock[at] + 0.3 * call.fillBlock[84 + at], identity, 1e-9);
-      EXPECT_NEAR(0.7 * call.warpBlock[at] + 0.3 * call.warpBlock[84 + at], identity, 1e-9);
+      EXPECT_NEAR(
+          0.7 * call.fillBlock[kFiber + at] + 0.3 * call.fillBlock[kMatrix + at], identity, 1e-9);
+      EXPECT_NEAR(
+          0.7 * call.warpBlock[kFiber + at] + 0.3 * call.warpBlock[kMatrix + at], identity, 1e-9);
     }
   }
   // The fill tow lies along 1 and carries the stress there, the warp tow along 2, and more of it.
-  EXPECT_GT(call.unitCellBlock[0], 2.0);
-  EXPECT_GT(call.unitCellBlock[168 + 7], 2.0);
-  EXPECT_LT(call.unitCellBlock[84], 0.5);
+  EXPECT_GT(call.unitCellBlock[kFill], 2.0);
+  EXPECT_GT(call.unitCellBlock[kWarp + 7], 2.0);
+  EXPECT_LT(call.unitCellBlock[kPocket], 0.5);
   // By columns: transverse strain of the fiber under axial strain of the tow stands in row 2 of
   // column 1, and no axial strain under transverse strain.
-  EXPECT_NE(call.fillBlock[36 + 1], 0.0);
-  EXPECT_EQ(call.fillBlock[36 + 6], 0.0);
+  EXPECT_NE(call.fillBlock[kFiber + KX_SLOT_STRAIN + 1], 0.0);
+  EXPECT_EQ(call.fillBlock[kFiber + KX_SLOT_STRAIN + 6], 0.0);
 }
 
 TEST(WeaveDamageState, AnswersNonsenseWithZeros) {
