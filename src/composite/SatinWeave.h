@@ -15,6 +15,8 @@ class SatinWeave final : public FramedComposite {
   /// harness: 1 plain weave, 4, 5 or 8 satin. The texts are the types of the tows' constituents.
   SatinWeave(const std::string& fiberType, const std::string& matrixType, std::int32_t harness);
 
+  [[nodiscard]] bool isWoven() const noexcept override { return true; }
+
   [[nodiscard]] std::int32_t harness() const noexcept override { return harness_; }
 
   /// A satin needs the degradation factors of fiber and matrix; a plain weave is always valid.

@@ -44,29 +44,23 @@ std::unique_ptr<Composite> makeComposite(const std::string& type, const Constitu
   return std::make_unique<SatinWeave>(types.fiber, types.matrix, row->harness);
 }
 
-KeywordPresence presenceIn(const abqinp::InputFile& deck) {
-  const auto has = [&](const char* const name) { return deck.countKeywords(name) > 0; };
-  return {has("VARIATION"), has("FRACTURE"), has("DELAM"), has("SNDATA"), has("NLSHEAR")};
-}
-
-void requireWeave(const Material& material) {
-  if (dynamic_cast<const SatinWeave*>(&material.composite()) == nullptr) {
-    throw abqinp::InputFileException::misplacedKeyword(material.keyword().name());
+void requireWeave(const Interpretation& interpretation) {
+  if (!interpretation.composite().isWoven()) {
+    throw abqinp::InputFileException::misplacedKeyword(interpretation.keyword().name());
   }
 }
 
 }  // namespace
 
-void onMaterial(Material& material) {
-  const abqinp::Keyword& keyword = material.keyword();
-  material.installVariationReader(readMaterialVariation);
-  material.overwrite = keyword.hasParameter("OVERWRITE");
+void onMaterial(Interpretation& interpretation) {
+  const abqinp::Keyword& keyword = interpretation.keyword();
+  interpretation.installVariationReader(readMaterialVariation);
+  interpretation.overwrite = keyword.hasParameter("OVERWRITE");
   const std::string type = keyword.parameterText("TYPE");
   const std::string system = keyword.parameterText("SYSTEM");
-  material.setComposite(makeComposite(type, constituentTypes(system)));
+  interpretation.setComposite(makeComposite(type, constituentTypes(system)));
 
-  Composite& composite = material.composite();
-  composite.presence = presenceIn(material);
+  Composite& composite = interpretation.composite();
   composite.materialName = keyword.parameterText("NAME");
   composite.unitSystem = keyword.intValue(0, 0, 1);
   composite.density = keyword.doubleValue(0, 1, 0.0);
@@ -77,39 +71,39 @@ void onMaterial(Material& material) {
   }
 }
 
-void onFiberVolumeFraction(Material& material) {
-  material.installVariationReader(readFiberVolumeFractionVariation);
-  const double fraction = material.keyword().requiredValue(0, 0);
-  const Composite& composite = material.composite();
+void onFiberVolumeFraction(Interpretation& interpretation) {
+  interpretation.installVariationReader(readFiberVolumeFractionVariation);
+  const double fraction = interpretation.keyword().requiredValue(0, 0);
+  Composite& composite = interpretation.composite();
   const auto set = [&](const char* const name, const double value) {
     composite.get(name).volumeFraction.setValue(value);
   };
   using namespace constituents;
-  if (dynamic_cast<const Uni*>(&composite) != nullptr) {
-    set(kFiber, fraction);
-    set(kMatrix, 1.0 - fraction);
-  } else {
+  if (composite.isWoven()) {
     set(kFillFiber, fraction);
     set(kFillMatrix, 1.0 - fraction);
     set(kWarpFiber, fraction);
     set(kWarpMatrix, 1.0 - fraction);
+  } else {
+    set(kFiber, fraction);
+    set(kMatrix, 1.0 - fraction);
   }
 }
 
-void onBundleVolumeFractions(Material& material) {
-  requireWeave(material);
-  const double fill = material.keyword().requiredValue(0, 0);
-  const double warp = material.keyword().requiredValue(0, 1);
-  const Composite& composite = material.composite();
+void onBundleVolumeFractions(Interpretation& interpretation) {
+  requireWeave(interpretation);
+  const double fill = interpretation.keyword().requiredValue(0, 0);
+  const double warp = interpretation.keyword().requiredValue(0, 1);
+  Composite& composite = interpretation.composite();
   composite.get(constituents::kFill).volumeFraction.setValue(fill);
   composite.get(constituents::kWarp).volumeFraction.setValue(warp);
   composite.get(constituents::kMatrixPocket).volumeFraction.setValue(1.0 - fill - warp);
 }
 
-void onDegradation(Material& material) {
-  requireWeave(material);
-  const abqinp::Keyword& keyword = material.keyword();
-  const Composite& composite = material.composite();
+void onDegradation(Interpretation& interpretation) {
+  requireWeave(interpretation);
+  const abqinp::Keyword& keyword = interpretation.keyword();
+  Composite& composite = interpretation.composite();
   using namespace constituents;
   double& matrix = composite.get(kFillMatrix).degradation;
   double& fiber = composite.get(kFillFiber).degradation;

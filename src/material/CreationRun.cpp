@@ -22,25 +22,22 @@ std::string pathOf(const std::string& folder, const std::string& name) {
   return folder + platform::pathSeparator() + name;
 }
 
-bool makeFolder(const std::string& folder) {
-  if (platform::isFolder(folder) || platform::createFolder(folder)) {
-    return true;
-  }
-  console::Output out;
-  out.message(console::kMaterialDirectoryNotCreated).endLine();
-  out.text(folder).endLine();
-  return false;
+void printMaterialsDirectoryMissing(const std::string& directory) {
+  console::Output().message(console::kMaterialsDirectoryMissing).text(directory).endLine();
 }
 
-bool isValid(const Composite& composite) {
-  std::ostringstream messages;
-  if (composite.validate(messages)) {
-    return true;
-  }
+void printFolderNotCreated(const std::string& folder) {
+  console::Output().message(console::kMaterialDirectoryNotCreated).endLine().text(folder).endLine();
+}
+
+void printTargetExists(const std::string& materialData) {
   console::Output out;
-  out.message(console::kInputsInvalid).endLine();
-  out.text(messages.str()).endLine();
-  return false;
+  out.message(console::kTargetExists).text(materialData).endLine();
+  out.message(console::kUseOverwrite).endLine();
+}
+
+void printInputsInvalid(const std::string& reasons) {
+  console::Output().message(console::kInputsInvalid).endLine().text(reasons).endLine();
 }
 
 std::runtime_error couldNotOpen(const std::string& path) {
@@ -58,43 +55,40 @@ void requireRemoval(const platform::StagedFile& old) {
 
 void Material::create() {
   interpret();
-  if (!hasResultsDirectory_ && !platform::isFolder(materialsDirectory)) {
-    console::Output()
-        .message(console::kMaterialsDirectoryMissing)
-        .text(materialsDirectory)
-        .endLine();
+  if (!resultsDirectory_ && !platform::isFolder(interpretation_.materialsDirectory)) {
+    printMaterialsDirectoryMissing(interpretation_.materialsDirectory);
     return;
   }
-  requireComposite();
-  const std::string folder = targetFolder();
-  if (!makeFolder(folder) || !mayWrite(folder) || !isValid(*composite_) ||
-      composite_->solve(folder) != 0) {
-    return;
-  }
-  writeFiles(folder);
-}
-
-void Material::requireComposite() const {
-  if (composite_ == nullptr) {
-    // A deck without a single keyword.
+  if (!interpretation_.hasComposite()) {  // a deck without a single keyword
     throw abqinp::InputFileException::missingParent("", kMaterialKeyword);
+  }
+  const std::string folder = targetFolder();
+  if (!platform::isFolder(folder) && !platform::createFolder(folder)) {
+    printFolderNotCreated(folder);
+    return;
+  }
+  const std::string materialData = pathOf(folder, kMaterialData);
+  if (isKept(materialData)) {
+    printTargetExists(materialData);
+    return;
+  }
+  std::ostringstream reasons;
+  if (!composite().validate(reasons)) {
+    printInputsInvalid(reasons.str());
+    return;
+  }
+  if (composite().solve(folder) == 0) {
+    writeFiles(folder);
   }
 }
 
 std::string Material::targetFolder() const {
-  return hasResultsDirectory_ ? resultsDirectory_
-                              : pathOf(materialsDirectory, composite_->materialName);
+  return resultsDirectory_ ? *resultsDirectory_
+                           : pathOf(interpretation_.materialsDirectory, composite().materialName);
 }
 
-bool Material::mayWrite(const std::string& folder) const {
-  const std::string path = pathOf(folder, kMaterialData);
-  if (overwrite || !platform::isNormalFile(path)) {
-    return true;
-  }
-  console::Output out;
-  out.message(console::kTargetExists).text(path).endLine();
-  out.message(console::kUseOverwrite).endLine();
-  return false;
+bool Material::isKept(const std::string& materialData) const {
+  return !interpretation_.overwrite && platform::isNormalFile(materialData);
 }
 
 void Material::stageDeck(platform::StagedFile& file) const {
@@ -107,7 +101,7 @@ void Material::stageDeck(platform::StagedFile& file) const {
 /// That a data file cannot be saved, not even begun, is not reported: it is missing then. An old
 /// one goes all the same, since one that stays would pass for the new one.
 void Material::stageData(platform::StagedFile& file, const DataFile kind) const {
-  if (file.create() && !composite_->write(file.part(), kind)) {
+  if (file.create() && !composite().write(file.part(), kind)) {
     file.discard();
   }
 }
@@ -121,16 +115,17 @@ void Material::writeFiles(const std::string& folder) const {
   platform::StagedFile fatigueData(pathOf(folder, kFatigueData));
   stageDeck(deck);
   stageData(materialData, DataFile::material);
-  if (composite_->presence.snData) {
+  if (composite().presence.snData) {
     stageData(fatigueData, DataFile::fatigue);
   }
 
   const platform::FolderLock lock(folder);
-  if (!mayWrite(folder)) {  // another run has brought its material to an end meanwhile
+  if (isKept(materialData.path())) {  // another run has brought its material to an end meanwhile
+    printTargetExists(materialData.path());
     return;
   }
   requireRemoval(materialData);
-  if (composite_->presence.snData) {
+  if (composite().presence.snData) {
     requireRemoval(fatigueData);
   }
   if (!deck.commit()) {

@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "abqinp/InputFileException.h"
-#include "composite/Uni.h"
 #include "material/VariationReaders.h"
 
 namespace lamcraft::keywords {
@@ -68,79 +67,81 @@ Symmetry matrixLaw(const abqinp::Keyword& keyword) {
 
 }  // namespace
 
-void onEnvironment(Material& material) {
-  const abqinp::Keyword& keyword = material.keyword();
+void onEnvironment(Interpretation& interpretation) {
+  const abqinp::Keyword& keyword = interpretation.keyword();
   const std::string moisture = keyword.parameterText("MOISTURE");
-  material.composite().addEnvironment(moisture, keyword.parameterNumber("TEMPERATURE"));
+  interpretation.composite().addEnvironment(moisture, keyword.parameterNumber("TEMPERATURE"));
 }
 
-void onStrengths(Material& material) {
-  material.installVariationReader(readStrengthVariation);
-  readRequired(material.keyword(), material.lastEnvironment().strengths);
+void onStrengths(Interpretation& interpretation) {
+  interpretation.installVariationReader(readStrengthVariation);
+  readRequired(interpretation.keyword(), interpretation.lastEnvironment().strengths);
 }
 
-void onCriticalInvariants(Material& material) {
-  material.installVariationReader(readInvariantVariation);
-  readRequired(material.keyword(), material.lastEnvironment().invariants);
+void onCriticalInvariants(Interpretation& interpretation) {
+  interpretation.installVariationReader(readInvariantVariation);
+  readRequired(interpretation.keyword(), interpretation.lastEnvironment().invariants);
 }
 
-void onLamina(Material& material) {
-  material.lastEnvironment().lamina.read(material.keyword(), material.composite().laminaSymmetry());
+void onLamina(Interpretation& interpretation) {
+  interpretation.lastEnvironment().lamina.read(interpretation.keyword(),
+                                               interpretation.composite().laminaSymmetry());
 }
 
-void onFiber(Material& material) {
-  material.installVariationReader(readFiberVariation);
-  PropertySet& fiber = material.lastEnvironment().fiber;
-  if (wantsDefaults(material.keyword())) {
-    copyDefaults(material.composite().system.fiber, fiber);
+void onFiber(Interpretation& interpretation) {
+  interpretation.installVariationReader(readFiberVariation);
+  PropertySet& fiber = interpretation.lastEnvironment().fiber;
+  if (wantsDefaults(interpretation.keyword())) {
+    copyDefaults(interpretation.composite().system.fiber, fiber);
   } else {
-    fiber.read(material.keyword(), Symmetry::transverse23);
+    fiber.read(interpretation.keyword(), Symmetry::transverse23);
   }
 }
 
-void onMatrix(Material& material) {
-  material.installVariationReader(readMatrixVariation);
-  PropertySet& matrix = material.lastEnvironment().matrix;
-  const Symmetry law = matrixLaw(material.keyword());
-  if (!wantsDefaults(material.keyword())) {
-    matrix.read(material.keyword(), law);
+void onMatrix(Interpretation& interpretation) {
+  interpretation.installVariationReader(readMatrixVariation);
+  PropertySet& matrix = interpretation.lastEnvironment().matrix;
+  const Symmetry law = matrixLaw(interpretation.keyword());
+  if (!wantsDefaults(interpretation.keyword())) {
+    matrix.read(interpretation.keyword(), law);
     return;
   }
-  copyDefaults(material.composite().system.matrix, matrix);
+  copyDefaults(interpretation.composite().system.matrix, matrix);
   if (law == Symmetry::isotropic) {
     matrix.symmetry = law;
   }
 }
 
-void onFracture(Material& material) {
-  if (dynamic_cast<const Uni*>(&material.composite()) == nullptr) {
-    throw abqinp::InputFileException::misplacedKeyword(material.keyword().name());
+void onFracture(Interpretation& interpretation) {
+  if (interpretation.composite().isWoven()) {
+    throw abqinp::InputFileException::misplacedKeyword(interpretation.keyword().name());
   }
-  material.installVariationReader(readFractureVariation);
-  readOptional(material.keyword(), 0, 0, kFractureCount, material.lastEnvironment().fracture);
+  interpretation.installVariationReader(readFractureVariation);
+  readOptional(
+      interpretation.keyword(), 0, 0, kFractureCount, interpretation.lastEnvironment().fracture);
 }
 
-void onDelam(Material& material) {
+void onDelam(Interpretation& interpretation) {
   constexpr std::size_t kFirstLine = 8;
-  material.installVariationReader(readCohesiveVariation);
-  auto& cohesive = material.lastEnvironment().cohesive;
-  readOptional(material.keyword(), 0, 0, kFirstLine, cohesive);
-  readOptional(material.keyword(), 1, kFirstLine, kCohesiveCount - kFirstLine, cohesive);
+  interpretation.installVariationReader(readCohesiveVariation);
+  auto& cohesive = interpretation.lastEnvironment().cohesive;
+  readOptional(interpretation.keyword(), 0, 0, kFirstLine, cohesive);
+  readOptional(interpretation.keyword(), 1, kFirstLine, kCohesiveCount - kFirstLine, cohesive);
 }
 
-void onLaminate(Material& material) {
+void onLaminate(Interpretation& interpretation) {
   constexpr std::array<double, 5> kDefaults{1.0, 1.0, 0.0, 0.0, 0.0};
-  const abqinp::Keyword& keyword = material.keyword();
+  const abqinp::Keyword& keyword = interpretation.keyword();
   LaminateEntry entry{keyword.parameterText("NAME"), {}};
   for (std::size_t i = 0; i < kDefaults.size(); ++i) {
     entry.coefficients[i] = keyword.doubleValue(0, i, kDefaults[i]);
   }
-  material.lastEnvironment().laminates.push_back(std::move(entry));
+  interpretation.lastEnvironment().laminates.push_back(std::move(entry));
 }
 
-void onSnData(Material& material) {
-  const abqinp::Keyword& keyword = material.keyword();
-  auto& records = material.lastEnvironment().snRecords;
+void onSnData(Interpretation& interpretation) {
+  const abqinp::Keyword& keyword = interpretation.keyword();
+  auto& records = interpretation.lastEnvironment().snRecords;
   for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
     abqinp::DataRow row = keyword.row(line);
     const auto value = [&row](const std::size_t column) { return row.doubleValue(column, 0.0); };
@@ -151,9 +152,9 @@ void onSnData(Material& material) {
   }
 }
 
-void onNonlinearShear(Material& material) {
-  const abqinp::Keyword& keyword = material.keyword();
-  EnvironmentRecord& environment = material.lastEnvironment();
+void onNonlinearShear(Interpretation& interpretation) {
+  const abqinp::Keyword& keyword = interpretation.keyword();
+  EnvironmentRecord& environment = interpretation.lastEnvironment();
   for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
     abqinp::DataRow row = keyword.row(line);
     environment.shearStress.push_back(row.doubleValue(0, 0.0));

@@ -1,44 +1,44 @@
 #ifndef LAMCRAFT_MATERIAL_ENVIRONMENTKEYWORDS_H
 #define LAMCRAFT_MATERIAL_ENVIRONMENTKEYWORDS_H
 
-#include "material/Material.h"
+#include "material/Interpretation.h"
 
 /// Handlers of ENVIRONMENT and of the keywords that fill the last environment. The latter throw
 /// the missing-parent exception when there is no environment yet.
 namespace lamcraft::keywords {
 
 /// ENVIRONMENT: appends an environment.
-void onEnvironment(Material& material);
+void onEnvironment(Interpretation& interpretation);
 
 /// STRENGTHS: six required values.
-void onStrengths(Material& material);
+void onStrengths(Interpretation& interpretation);
 
 /// CRITICALINVARIANTS: six required values.
-void onCriticalInvariants(Material& material);
+void onCriticalInvariants(Interpretation& interpretation);
 
 /// LAMINA: the target properties, seven values or, for a weave, twelve.
-void onLamina(Material& material);
+void onLamina(Interpretation& interpretation);
 
 /// FIBER: the start values, or the defaults of the material system.
-void onFiber(Material& material);
+void onFiber(Interpretation& interpretation);
 
 /// MATRIX: the start values after the symmetry that LAW names, or the defaults of the system.
-void onMatrix(Material& material);
+void onMatrix(Interpretation& interpretation);
 
 /// FRACTURE: six values. Misplaced in a weave.
-void onFracture(Material& material);
+void onFracture(Interpretation& interpretation);
 
 /// DELAM: fifteen cohesive values on two lines.
-void onDelam(Material& material);
+void onDelam(Interpretation& interpretation);
 
 /// LAMINATE: a name and five coefficients.
-void onLaminate(Material& material);
+void onLaminate(Interpretation& interpretation);
 
 /// SNDATA: a fatigue test on every line; lines with less than one cycle are left out.
-void onSnData(Material& material);
+void onSnData(Interpretation& interpretation);
 
 /// NLSHEAR: a point of the shear curve on every line, stress before strain.
-void onNonlinearShear(Material& material);
+void onNonlinearShear(Interpretation& interpretation);
 
 }  // namespace lamcraft::keywords
 

@@ -5,7 +5,7 @@
 
 #include "material/CompositeKeywords.h"
 #include "material/EnvironmentKeywords.h"
-#include "material/Material.h"
+#include "material/Interpretation.h"
 #include "material/RunKeywords.h"
 
 namespace lamcraft {
@@ -21,26 +21,26 @@ inline constexpr const char* kMaterialKeyword = "MATERIAL";
 inline constexpr const char* kVariationKeyword = "VARIATION";
 
 /// The deck language.
-inline constexpr std::array<KeywordRow, 18> kKeywordRows{{
-    {kMaterialKeyword, keywords::onMaterial},
-    {"FVF", keywords::onFiberVolumeFraction},
-    {"BVF", keywords::onBundleVolumeFractions},
-    {"DEGRADATION", keywords::onDegradation},
-    {"ENVIRONMENT", keywords::onEnvironment},
-    {"STRENGTHS", keywords::onStrengths},
-    {"CRITICALINVARIANTS", keywords::onCriticalInvariants},
-    {"LAMINA", keywords::onLamina},
-    {"FIBER", keywords::onFiber},
-    {"MATRIX", keywords::onMatrix},
-    {"FRACTURE", keywords::onFracture},
-    {"DELAM", keywords::onDelam},
-    {"LAMINATE", keywords::onLaminate},
-    {"FATIGUE", keywords::onFatigue},
-    {"SNDATA", keywords::onSnData},
-    {"NLSHEAR", keywords::onNonlinearShear},
-    {"SOLVE", keywords::onSolve},
-    {kVariationKeyword, nullptr},
-}};
+inline constexpr std::array kKeywordRows{
+    KeywordRow{kMaterialKeyword, keywords::onMaterial},
+    KeywordRow{"FVF", keywords::onFiberVolumeFraction},
+    KeywordRow{"BVF", keywords::onBundleVolumeFractions},
+    KeywordRow{"DEGRADATION", keywords::onDegradation},
+    KeywordRow{"ENVIRONMENT", keywords::onEnvironment},
+    KeywordRow{"STRENGTHS", keywords::onStrengths},
+    KeywordRow{"CRITICALINVARIANTS", keywords::onCriticalInvariants},
+    KeywordRow{"LAMINA", keywords::onLamina},
+    KeywordRow{"FIBER", keywords::onFiber},
+    KeywordRow{"MATRIX", keywords::onMatrix},
+    KeywordRow{"FRACTURE", keywords::onFracture},
+    KeywordRow{"DELAM", keywords::onDelam},
+    KeywordRow{"LAMINATE", keywords::onLaminate},
+    KeywordRow{"FATIGUE", keywords::onFatigue},
+    KeywordRow{"SNDATA", keywords::onSnData},
+    KeywordRow{"NLSHEAR", keywords::onNonlinearShear},
+    KeywordRow{"SOLVE", keywords::onSolve},
+    KeywordRow{kVariationKeyword, nullptr},
+};
 
 }  // namespace lamcraft
 

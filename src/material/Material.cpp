@@ -2,20 +2,18 @@
 
 #include <utility>
 
-#include "abqinp/InputFileException.h"
-
 namespace lamcraft {
 
 void Material::setResultsDirectory(std::string directory) {
   resultsDirectory_ = std::move(directory);
-  hasResultsDirectory_ = true;
 }
 
-EnvironmentRecord& Material::lastEnvironment() const {
-  if (composite_->environments.empty()) {
-    throw abqinp::InputFileException::missingParent(keyword().name(), "ENVIRONMENT");
+void Material::interpret() {
+  interpretation_ = Interpretation(*this);
+  restart();
+  while (nextKeyword()) {
+    interpretation_.interpret(*currentKeyword());
   }
-  return composite_->environments.back();
 }
 
 }  // namespace lamcraft

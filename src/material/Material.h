@@ -1,71 +1,47 @@
 #ifndef LAMCRAFT_MATERIAL_MATERIAL_H
 #define LAMCRAFT_MATERIAL_MATERIAL_H
 
-#include <memory>
+#include <optional>
 #include <string>
-#include <utility>
 
 #include "abqinp/InputFile.h"
-#include "abqinp/Keyword.h"
-#include "model/Composite.h"
+#include "material/Interpretation.h"
 #include "platform/StagedFile.h"
 
 namespace lamcraft {
 
-class Material;
-
-/// What a keyword does: reads the material's current keyword into its composite.
-using KeywordHandler = void (*)(Material&);
-
-/// What one run of the program is about: the deck, the settings that steer the creation of the
-/// material folder, and the composite that the keywords build.
+/// What one run of the program is about: the deck, what its keywords mean, and where the material
+/// folder goes.
 class Material : public abqinp::InputFile {
  public:
   /// Makes directory the target folder, instead of one named after the material in MATDIR. An
   /// empty directory counts as given.
   void setResultsDirectory(std::string directory);
 
-  /// Turns the deck that was read into a material folder: interprets the keywords, solves, writes.
-  /// Refusals are printed and end the run normally. Throws abqinp::InputFileException for a
-  /// misplaced or unknown keyword, LamcraftException for a material that cannot be derived, and
-  /// other standard exceptions for values that cannot be read or files that cannot be opened.
-  void create();
-
-  /// Reads all keywords in deck order into the composite.
+  /// Interprets all keywords of the deck in order, anew. Throws what the interpretation of one
+  /// does.
   void interpret();
 
-  /// The keyword that the running handler reads.
-  [[nodiscard]] const abqinp::Keyword& keyword() const { return *currentKeyword(); }
+  /// What the keywords mean, as far as they are interpreted.
+  [[nodiscard]] const Interpretation& interpretation() const noexcept { return interpretation_; }
+  [[nodiscard]] Composite& composite() { return interpretation_.composite(); }
+  [[nodiscard]] const Composite& composite() const { return interpretation_.composite(); }
 
-  /// The model that the keywords fill; there is one from MATERIAL on.
-  [[nodiscard]] Composite& composite() const { return *composite_; }
-
-  /// Replaces the composite, and all that was read into the former one.
-  void setComposite(std::unique_ptr<Composite> composite) { composite_ = std::move(composite); }
-
-  /// The environment that per-environment keywords fill. Throws the missing-parent exception of
-  /// the current keyword when there is none yet.
-  [[nodiscard]] EnvironmentRecord& lastEnvironment() const;
-
-  /// Makes reader what the next VARIATION keywords run.
-  void installVariationReader(KeywordHandler reader) { variationReader_ = reader; }
-
-  bool overwrite = false;          ///< OVERWRITE of MATERIAL
-  std::string materialsDirectory;  ///< MATDIR of SOLVE
+  /// Turns the deck that was read into a material folder: interprets the keywords, solves, writes.
+  /// Refusals are printed and end the run normally. Throws what the interpretation of a keyword
+  /// throws, LamcraftException for a material that cannot be derived, and std::runtime_error for a
+  /// deck copy that cannot be written.
+  void create();
 
  private:
-  void requireComposite() const;
   [[nodiscard]] std::string targetFolder() const;
-  [[nodiscard]] bool mayWrite(const std::string& folder) const;
+  [[nodiscard]] bool isKept(const std::string& materialData) const;
   void stageDeck(platform::StagedFile& file) const;
   void stageData(platform::StagedFile& file, DataFile kind) const;
   void writeFiles(const std::string& folder) const;
-  void dispatch();
 
-  KeywordHandler variationReader_ = nullptr;
-  std::unique_ptr<Composite> composite_;
-  std::string resultsDirectory_;
-  bool hasResultsDirectory_ = false;
+  Interpretation interpretation_;
+  std::optional<std::string> resultsDirectory_;
 };
 
 }  // namespace lamcraft

@@ -6,16 +6,16 @@
 
 namespace lamcraft::keywords {
 
-void onSolve(Material& material) {
-  const abqinp::Keyword& keyword = material.keyword();
-  material.materialsDirectory = keyword.parameterText("MATDIR");
-  auto& maximumErrors = material.composite().maximumErrors;
+void onSolve(Interpretation& interpretation) {
+  const abqinp::Keyword& keyword = interpretation.keyword();
+  interpretation.materialsDirectory = keyword.parameterText("MATDIR");
+  auto& maximumErrors = interpretation.composite().maximumErrors;
   for (std::size_t i = 0; i < maximumErrors.size(); ++i) {
     maximumErrors[i] = keyword.doubleValue(0, i, maximumErrors[i]);
   }
-  micromechanics::setMaximumErrors(material.composite());
+  micromechanics::setMaximumErrors(interpretation.composite());
 }
 
-void onFatigue(Material& /*material*/) {}
+void onFatigue(Interpretation& /*interpretation*/) {}
 
 }  // namespace lamcraft::keywords

@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "composite/Uni.h"
 #include "variation/VariationReader.h"
 
 namespace lamcraft::keywords {
@@ -13,10 +12,6 @@ namespace lamcraft::keywords {
 namespace {
 
 using Rows = std::vector<VariationReader::Row>;
-
-bool isUnidirectional(const Material& material) {
-  return dynamic_cast<const Uni*>(&material.composite()) != nullptr;
-}
 
 /// The properties of a group that the deck can vary.
 template <std::size_t Count>
@@ -30,63 +25,64 @@ Rows rowsOf(const std::array<GroupRow, Count>& table, std::array<VariablePropert
   return rows;
 }
 
-void readVariation(const Material& material, Rows rows) {
-  VariationReader(std::move(rows)).read(material.keyword());
+void readVariation(const Interpretation& interpretation, Rows rows) {
+  VariationReader(std::move(rows)).read(interpretation.keyword());
 }
 
-void readPropertySetVariation(const Material& material, PropertySet& set) {
+void readPropertySetVariation(const Interpretation& interpretation, PropertySet& set) {
   Rows rows;
   for (std::size_t i = 0; i < kPropertyCount; ++i) {
     rows.push_back({kPropertyRows[i].tag, {&set.variables()[i]}});
   }
-  VariationReader(std::move(rows), [&set] { set.makeConsistent(); }).read(material.keyword());
+  VariationReader(std::move(rows), [&set] { set.makeConsistent(); }).read(interpretation.keyword());
 }
 
 }  // namespace
 
-void readMaterialVariation(Material& material) {
-  Composite& composite = material.composite();
+void readMaterialVariation(Interpretation& interpretation) {
+  Composite& composite = interpretation.composite();
   readVariation(
-      material,
+      interpretation,
       {{"THICKNESS", {&composite.plyThickness}}, {"REFTEMP", {&composite.referenceTemperature}}});
 }
 
-void readFiberVolumeFractionVariation(Material& material) {
-  const Composite& composite = material.composite();
+void readFiberVolumeFractionVariation(Interpretation& interpretation) {
+  Composite& composite = interpretation.composite();
   const auto fractionOf = [&](const char* const name) {
     return &composite.get(name).volumeFraction;
   };
   using namespace constituents;
   std::vector<VariableProperty*> fractions =
-      isUnidirectional(material) ? std::vector{fractionOf(kFiber)}
-                                 : std::vector{fractionOf(kFillFiber), fractionOf(kWarpFiber)};
-  readVariation(material, {{"FVF", std::move(fractions)}});
+      composite.isWoven() ? std::vector{fractionOf(kFillFiber), fractionOf(kWarpFiber)}
+                          : std::vector{fractionOf(kFiber)};
+  readVariation(interpretation, {{"FVF", std::move(fractions)}});
 }
 
-void readFiberVariation(Material& material) {
-  readPropertySetVariation(material, material.lastEnvironment().fiber);
+void readFiberVariation(Interpretation& interpretation) {
+  readPropertySetVariation(interpretation, interpretation.lastEnvironment().fiber);
 }
 
-void readMatrixVariation(Material& material) {
-  readPropertySetVariation(material, material.lastEnvironment().matrix);
+void readMatrixVariation(Interpretation& interpretation) {
+  readPropertySetVariation(interpretation, interpretation.lastEnvironment().matrix);
 }
 
-void readStrengthVariation(Material& material) {
-  readVariation(material,
-                rowsOf(isUnidirectional(material) ? kUniStrengthRows : kWeaveStrengthRows,
-                       material.lastEnvironment().strengths));
+void readStrengthVariation(Interpretation& interpretation) {
+  readVariation(interpretation,
+                rowsOf(interpretation.composite().isWoven() ? kWeaveStrengthRows : kUniStrengthRows,
+                       interpretation.lastEnvironment().strengths));
 }
 
-void readInvariantVariation(Material& material) {
-  readVariation(material, rowsOf(kInvariantRows, material.lastEnvironment().invariants));
+void readInvariantVariation(Interpretation& interpretation) {
+  readVariation(interpretation,
+                rowsOf(kInvariantRows, interpretation.lastEnvironment().invariants));
 }
 
-void readFractureVariation(Material& material) {
-  readVariation(material, rowsOf(kFractureRows, material.lastEnvironment().fracture));
+void readFractureVariation(Interpretation& interpretation) {
+  readVariation(interpretation, rowsOf(kFractureRows, interpretation.lastEnvironment().fracture));
 }
 
-void readCohesiveVariation(Material& material) {
-  readVariation(material, rowsOf(kCohesiveRows, material.lastEnvironment().cohesive));
+void readCohesiveVariation(Interpretation& interpretation) {
+  readVariation(interpretation, rowsOf(kCohesiveRows, interpretation.lastEnvironment().cohesive));
 }
 
 }  // namespace lamcraft::keywords

@@ -44,6 +44,9 @@ class Composite : public ParentCons {
   /// Writes a data file at path. False when the file is not whole.
   virtual bool write(const std::string& path, DataFile file) const = 0;
 
+  /// Whether it is a weave, with tows, and not unidirectional.
+  [[nodiscard]] virtual bool isWoven() const noexcept { return false; }
+
   /// Harness number of a weave (1 plain, 4, 5 or 8 satin); 0 for composites that have none.
   [[nodiscard]] virtual std::int32_t harness() const noexcept { return 0; }
 

@@ -53,9 +53,9 @@ TEST(MaterialKeyword, NotesTheKeywordsOfTheWholeDeck) {
 }
 
 TEST(MaterialKeyword, KeepsOverwrite) {
-  EXPECT_FALSE(InterpretedDeck(materialKeyword()).material().overwrite);
+  EXPECT_FALSE(InterpretedDeck(materialKeyword()).interpretation().overwrite);
   EXPECT_TRUE(InterpretedDeck("*MATERIAL, TYPE=UNI, SYSTEM=CFRP, NAME=A, OVERWRITE\n")
-                  .material()
+                  .interpretation()
                   .overwrite);
 }
 
@@ -126,7 +126,7 @@ TEST(Degradation, KeepsWhatIsNotGiven) {
 
 TEST(Solve, KeepsItsFolderAsWritten) {
   InterpretedDeck deck(materialKeyword() + "*SOLVE, MATDIR=\"some where/else\"\n1e-4\n");
-  EXPECT_EQ(deck.material().materialsDirectory, "some where/else");
+  EXPECT_EQ(deck.interpretation().materialsDirectory, "some where/else");
   EXPECT_EQ(deck.composite().maximumErrors[0], 1e-4);
   EXPECT_EQ(deck.composite().maximumErrors[1], 1e-3);
 }

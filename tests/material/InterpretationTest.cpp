@@ -5,6 +5,7 @@
 #include "abqinp/InputFileException.h"
 #include "material/support/DeckRun.h"
 #include "model/LamcraftException.h"
+#include "support/TemporaryFolder.h"
 
 namespace lamcraft {
 namespace {
@@ -110,6 +111,27 @@ TEST(Interpretation, ASecondMaterialReplacesTheComposite) {
 TEST(Interpretation, FatigueMeansNothing) {
   InterpretedDeck deck(materialKeyword() + "*FATIGUE, ANY=THING\n1, 2, 3\n");
   EXPECT_FALSE(deck.composite().presence.snData);
+}
+
+TEST(Interpretation, GoesOnBehindAKeywordThatItRefused) {
+  const test::TemporaryFolder folder;
+  abqinp::InputFile deck;
+  deck.read(folder.write("deck.qdk", materialKeyword() + "*BRAID\n" + environmentKeyword()));
+  Interpretation interpretation(deck);
+  std::string refused;
+  while (deck.nextKeyword()) {
+    try {
+      interpretation.interpret(*deck.currentKeyword());
+    } catch (const InputFileException& failure) {
+      refused += failure.what();
+    }
+  }
+  EXPECT_EQ(refused, "Invalid keyword: BRAID");
+  EXPECT_EQ(interpretation.composite().environments.size(), 1U);
+}
+
+TEST(Interpretation, HasNoCompositeBeforeMaterial) {
+  EXPECT_FALSE(Interpretation().hasComposite());
 }
 
 TEST(Interpretation, CanBeRepeated) {

@@ -22,6 +22,7 @@ class InterpretedDeck {
   [[nodiscard]] Composite& composite() { return material_.composite(); }
   [[nodiscard]] EnvironmentRecord& environment() { return composite().environments.back(); }
   [[nodiscard]] Material& material() { return material_; }
+  [[nodiscard]] const Interpretation& interpretation() { return material_.interpretation(); }
 
  private:
   Material material_;
