@@ -1,7 +1,9 @@
 #include "datafile/CompositeXML.h"
 
+#include <array>
 #include <cstddef>
 
+#include "datafile/Tags.h"
 #include "datafile/XmlElements.h"
 
 namespace lamcraft::xml {
@@ -10,11 +12,9 @@ void appendSnRecords(TiXmlNode& parent, const std::vector<SnRecord>& records) {
   TiXmlElement& fatigue = appendElement(parent, "fatigue");
   for (const SnRecord& record : records) {
     TiXmlElement& test = appendElement(fatigue, "SN");
-    setNumber(test, "stress", record.stress);
-    setNumber(test, "life", record.life);
-    setNumber(test, "f", record.frequency);
-    setNumber(test, "R", record.ratio);
-    setNumber(test, "theta", record.theta);
+    for (const auto& [tag, value] : kSnTags) {
+      setNumber(test, tag, record.*value);
+    }
   }
 }
 
@@ -22,12 +22,11 @@ namespace {
 
 void appendShearLaw(TiXmlNode& parent, const PrefailConstants& constants) {
   TiXmlElement& law = appendElement(parent, "sheardeg");
-  setNumber(law, "m", constants.m);
-  setNumber(law, "b", constants.b);
-  setNumber(law, "thr", constants.thr);
-  setNumber(law, "c2mdeg0", constants.c2mdeg[0]);
-  setNumber(law, "c2mdeg1", constants.c2mdeg[1]);
-  setNumber(law, "c2mdeg2", constants.c2mdeg[2]);
+  const auto& [m, b, thr, c2mdeg] = constants;
+  const std::array<double, kShearLawTags.size()> values{m, b, thr, c2mdeg[0], c2mdeg[1], c2mdeg[2]};
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    setNumber(law, kShearLawTags[i], values[i]);
+  }
 }
 
 }  // namespace

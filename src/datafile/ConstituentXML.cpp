@@ -1,7 +1,9 @@
 #include "datafile/ConstituentXML.h"
 
 #include <cassert>
+#include <cstddef>
 
+#include "datafile/Tags.h"
 #include "datafile/XmlElements.h"
 
 namespace lamcraft::xml {
@@ -35,16 +37,16 @@ bool hasFatigueConstants(const std::vector<ResultRow>& rows) noexcept {
 namespace {
 
 void appendDirection(TiXmlNode& parent, const char* const tag, const ResultRow& constants) {
-  const auto [breakingU, healingU, breakingGamma, healingGamma, psi, k] = constants;
   TiXmlElement& direction = appendElement(parent, tag);
-  TiXmlElement& u = appendElement(direction, "U");
-  appendNumber(u, "breaking", breakingU);
-  appendNumber(u, "healing", healingU);
-  TiXmlElement& gamma = appendElement(direction, "gamma");
-  appendNumber(gamma, "breaking", breakingGamma);
-  appendNumber(gamma, "healing", healingGamma);
-  appendNumber(direction, "Psi", psi);
-  appendNumber(direction, "k", k);
+  for (std::size_t i = 0; i < constants.size(); ++i) {
+    const auto& [group, name] = kFatigueConstantTags[i];
+    if (group == nullptr) {
+      appendNumber(direction, name, constants[i]);
+      continue;
+    }
+    TiXmlElement* const last = direction.FirstChildElement(group);
+    appendNumber(last == nullptr ? appendElement(direction, group) : *last, name, constants[i]);
+  }
 }
 
 }  // namespace
@@ -52,8 +54,9 @@ void appendDirection(TiXmlNode& parent, const char* const tag, const ResultRow& 
 void appendFatigueConstants(TiXmlNode& parent, const std::vector<ResultRow>& rows) {
   assert(hasFatigueConstants(rows));
   TiXmlElement& fatigue = appendElement(parent, "fatigue");
-  appendDirection(fatigue, "longitudinal", rows[0]);
-  appendDirection(fatigue, "transverse", rows[1]);
+  for (std::size_t i = 0; i < kFatigueDirectionTags.size(); ++i) {
+    appendDirection(fatigue, kFatigueDirectionTags[i], rows[i]);
+  }
 }
 
 }  // namespace lamcraft::xml

@@ -1,10 +1,10 @@
 #include "datafile/MaterialXML.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 
 #include "datafile/ConstituentXML.h"
+#include "datafile/Tags.h"
 #include "datafile/XmlElements.h"
 #include "datafile/XmlPrinting.h"
 
@@ -15,28 +15,22 @@ using xml::appendElement;
 using xml::appendInteger;
 using xml::setNumber;
 
-constexpr const char* kFormatVersion = "6.0";
 constexpr std::int32_t kWovenCount = 3;  ///< reported constituents of a composite with a unit cell
 constexpr std::int32_t kEffectiveSet = 1;
 
-void appendFit(TiXmlElement& solver,
-               const char* const tag,
-               const double initialError,
-               const double finalError,
-               const std::int32_t iterations) {
-  TiXmlElement& fit = appendElement(solver, tag);
-  setNumber(fit, "initial", initialError);
-  setNumber(fit, "final", finalError);
-  fit.SetAttribute("iterations", iterations);
+void appendFit(TiXmlElement& solver, const xml::FitTag& row, const EnvironmentRecord& environment) {
+  TiXmlElement& fit = appendElement(solver, row.tag);
+  setNumber(fit, "initial", environment.errors.*row.initialError);
+  setNumber(fit, "final", environment.errors.*row.finalError);
+  fit.SetAttribute("iterations", environment.iterations.*row.iterations);
 }
 
 void appendLaminate(TiXmlElement& parent, const LaminateEntry& entry) {
-  static constexpr std::array<const char*, 5> kNames{"c1", "c2", "c3", "c4", "c5"};
   TiXmlElement& laminate = appendElement(parent, "laminate");
   laminate.SetAttribute("name", entry.name.c_str());
   TiXmlElement& strengthening = appendElement(laminate, "thickness_strengthening");
-  for (std::size_t i = 0; i < kNames.size(); ++i) {
-    setNumber(strengthening, kNames[i], entry.coefficients[i]);
+  for (std::size_t i = 0; i < xml::kLaminateTags.size(); ++i) {
+    setNumber(strengthening, xml::kLaminateTags[i], entry.coefficients[i]);
   }
 }
 
@@ -49,9 +43,9 @@ bool MaterialXML::writeDocument(const Composite& composite, const bool fatigueMo
   fatigueMode_ = fatigueMode;
   Clear();
   LinkEndChild(new TiXmlDeclaration("1.0", "utf-8", "yes"));
-  TiXmlElement& root = appendElement(*this, "ZRN");
+  TiXmlElement& root = appendElement(*this, xml::kRoot);
   root.SetAttribute("material", composite.materialName.c_str());
-  root.SetAttribute("version", kFormatVersion);
+  root.SetAttribute("version", xml::kFormatVersion);
   writeMaterial(root);
   for (const auto& constituent : composite.children()) {
     xml::appendConstituentTree(root, *constituent);
@@ -115,18 +109,10 @@ void MaterialXML::writeEnvironment(TiXmlElement& element,
 }
 
 void MaterialXML::writeSolver(TiXmlElement& element, const EnvironmentRecord& environment) const {
-  const SolveErrors& errors = environment.errors;
-  const SolveIterations& iterations = environment.iterations;
   TiXmlElement& solver = appendElement(element, "solver");
-  appendFit(solver,
-            "elastic_constants",
-            errors.initialMechanical,
-            errors.finalMechanical,
-            iterations.mechanical);
-  appendFit(
-      solver, "thermal_expansion", errors.initialThermal, errors.finalThermal, iterations.thermal);
-  if (fatigueMode()) {
-    appendFit(solver, "fatigue", errors.initialFatigue, errors.finalFatigue, iterations.fatigue);
+  const std::size_t count = xml::kFitTags.size() - (fatigueMode() ? 0 : 1);
+  for (std::size_t i = 0; i < count; ++i) {
+    appendFit(solver, xml::kFitTags[i], environment);
   }
 }
 

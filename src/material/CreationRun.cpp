@@ -7,16 +7,13 @@
 #include "console/Output.h"
 #include "material/KeywordTable.h"
 #include "material/Material.h"
+#include "model/MaterialFiles.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderLock.h"
 
 namespace lamcraft {
 
 namespace {
-
-constexpr const char* kDeckCopy = "input.qdk";
-constexpr const char* kMaterialData = "mdata.xml";
-constexpr const char* kFatigueData = "fdata.xml";
 
 std::string pathOf(const std::string& folder, const std::string& name) {
   return folder + platform::pathSeparator() + name;
