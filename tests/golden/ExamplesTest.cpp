@@ -35,7 +35,9 @@ fs::path approvedFolder(const std::string& example, const std::string& library) 
 std::vector<std::string> exampleNames() {
   std::set<std::string> names;
   for (const auto& entry : fs::directory_iterator(LAMCRAFT_EXAMPLES)) {
-    names.insert(entry.path().stem().string());
+    if (entry.path().extension() == ".qdk") {
+      names.insert(entry.path().stem().string());
+    }
   }
   return {names.begin(), names.end()};
 }
