@@ -1,4 +1,5 @@
-// Reading decks: bytes per second, time and memory against size.
+// Reading decks: bytes per second, time and memory against size. 100 MB/s and four times the deck's
+// size in memory are enough.
 
 #include <benchmark/benchmark.h>
 
@@ -29,7 +30,7 @@ void readNumbers(benchmark::State& state) {
   for (auto _ : state) {
     double sum = 0.0;
     for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
-      abqinp::DataRow row = keyword.row(line);
+      const abqinp::DataRow row = keyword.row(line);
       for (std::size_t column = 0; column < 5; ++column) {
         sum += row.doubleValue(column, 0.0);
       }
@@ -53,9 +54,8 @@ void readLargeDeck(benchmark::State& state, const DeckKind kind) {
       static_cast<double>(peak.bytes()) / static_cast<double>(state.range(0));
 }
 
-/// A quarter and a whole gigabyte.
 void largeSizes(benchmark::internal::Benchmark* const benchmark) {
-  benchmark->ArgName("bytes")->Arg(1 << 28)->Arg(1 << 30);
+  benchmark->ArgName("bytes")->Arg(1 << 28);
   benchmark->Unit(benchmark::kMillisecond)->Iterations(2)->UseRealTime();
 }
 

@@ -3,32 +3,33 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string_view>
+#include <vector>
+
+#include "abqinp/DeckLine.h"
 
 namespace abqinp {
 
-/// One data line, cut into its values on access: what stands between its commas, so that "1,2," has
-/// three and the blank line none. The text lives elsewhere. Columns count from 0; one that stands
-/// behind the last that was asked for is found from there.
+/// The values of one data line. Columns count from 0.
 class DataRow {
  public:
   /// A line that is blank, or does not exist.
   DataRow() = default;
-  explicit DataRow(const std::string_view line) noexcept : line_(line), rest_(line) {}
+  explicit DataRow(const std::string_view line) : values_(valuesOf(line)) {}
 
-  /// The value at a column; none when the line has no such column.
-  [[nodiscard]] std::optional<std::string_view> value(std::size_t column);
+  [[nodiscard]] const std::vector<Value>& values() const noexcept { return values_; }
 
   /// The number at a column; the default when there is none or its value is empty. Raises
   /// std::invalid_argument with the value's text when it cannot be read.
-  [[nodiscard]] double doubleValue(std::size_t column, double defaultValue);
-  [[nodiscard]] std::int32_t intValue(std::size_t column, std::int32_t defaultValue);
+  [[nodiscard]] double doubleValue(std::size_t column, double defaultValue) const;
+  [[nodiscard]] std::int32_t intValue(std::size_t column, std::int32_t defaultValue) const;
 
  private:
-  std::string_view line_;
-  std::string_view rest_;   // from column_ on
-  std::size_t column_ = 0;  // that was asked for last
+  [[nodiscard]] bool isGiven(const std::size_t column) const {
+    return column < values_.size() && !values_[column].text.empty();
+  }
+
+  std::vector<Value> values_;
 };
 
 }  // namespace abqinp

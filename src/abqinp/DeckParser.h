@@ -2,30 +2,31 @@
 #define LAMCRAFT_ABQINP_DECKPARSER_H
 
 #include <cstddef>
-#include <string>
 #include <string_view>
+#include <vector>
 
-#include "abqinp/DeckBlocks.h"
+#include "abqinp/Keyword.h"
 
 namespace abqinp {
 
 /// Sorts the lines of a deck into blocks: comments, keyword lines, the lines that continue them,
-/// and data lines. Time is linear in the deck's size, wherever its comments stand.
+/// and data lines. A keyword that goes on behind comments is stored behind them.
 class DeckParser {
  public:
-  /// Prepares for that many bytes: a hint, see DeckBlocks::expect().
-  void expect(const std::size_t bytes) noexcept { blocks_.expect(bytes); }
   /// Takes the next line, as it stands in the deck but for its line feed.
   void addLine(std::string_view line);
   /// The blocks of all lines. Nothing can be added after it.
-  DeckBlocks finish();
+  std::vector<Keyword> finish();
 
  private:
-  void addNormalised();
+  void addKeyword(std::string_view line);
+  void continueKeyword(std::string_view line);
 
-  DeckBlocks blocks_;
-  bool isContinued_ = false;  // the last keyword line or continuation ended with a comma
-  std::string normalised_;    // the line at hand
+  std::vector<Keyword> blocks_;
+  std::size_t lines_ = 0;            // so far
+  std::size_t lastKeyword_ = kNone;  // its index
+  bool isContinued_ = false;         // the last keyword line or continuation ended with a comma
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 };
 
 }  // namespace abqinp

@@ -1,13 +1,12 @@
 #include "abqinp/InputFile.h"
 
-#include <cstddef>
+#include <algorithm>
 #include <fstream>
 #include <limits>
 #include <locale>
 #include <stdexcept>
 
 #include "abqinp/DeckParser.h"
-#include "abqinp/LineReader.h"
 #include "platform/FileSystem.h"
 
 namespace abqinp {
@@ -29,16 +28,6 @@ Stream opened(const std::string& path) {
   return file;
 }
 
-/// 0 where there is no size to know, as of a pipe. The file is at its start afterwards.
-std::size_t sizeOf(std::ifstream& file) {
-  file.seekg(0, std::ios::end);
-  const std::streamoff size = file.tellg();
-  file.clear();
-  file.seekg(0);
-  file.clear();
-  return size < 0 ? 0 : static_cast<std::size_t>(size);
-}
-
 }  // namespace
 
 void InputFile::read(const std::string& path) {
@@ -46,36 +35,47 @@ void InputFile::read(const std::string& path) {
     throw couldNotOpen(path);
   }
   auto file = opened<std::ifstream>(path);
+  file.exceptions(std::ios::badbit);  // else a line beyond memory would look like the end
   DeckParser parser;
-  parser.expect(sizeOf(file));
-  LineReader lines(file);
-  std::string_view line;
-  while (lines.next(line)) {
-    parser.addLine(line);
-  }
-  if (file.bad()) {  // a folder opens but does not read
+  try {
+    for (std::string line; std::getline(file, line);) {
+      parser.addLine(line);
+    }
+  } catch (const std::ios::failure&) {  // a folder opens but does not read
     throw couldNotOpen(path);
   }
-  blocks_ = parser.finish();
+  keywords_ = parser.finish();
   restart();
 }
 
 void InputFile::restart() noexcept {
-  place_ = DeckBlocks::Place();
-  isAtBlock_ = false;
+  index_ = -1;
+  current_ = nullptr;
 }
 
 bool InputFile::nextKeyword() {
-  isAtBlock_ = blocks_.next(place_, current_);
-  if (isAtBlock_) {
-    requireIndex(place_.keywords + place_.comments - 1);
+  current_ = nullptr;
+  ++index_;
+  const auto index = static_cast<std::uint64_t>(index_);
+  if (index >= keywords_.size()) {
+    return false;
   }
-  return isAtBlock_;
+  requireIndex(index);
+  current_ = &keywords_[index];
+  return true;
+}
+
+std::size_t InputFile::countKeywords(const std::string_view name) const {
+  const auto hasName = [&](const Keyword& keyword) { return keyword.name() == name; };
+  const auto count = std::count_if(keywords_.begin(), keywords_.end(), hasName);
+  return static_cast<std::size_t>(count);
 }
 
 void InputFile::write(const std::string& path, const bool inWrittenOrder) const {
   auto file = opened<std::ofstream>(path);
-  blocks_.write(file, inWrittenOrder);
+  for (const Keyword& keyword : keywords_) {
+    file << keyword.toText(inWrittenOrder);
+  }
   file.close();
   if (!file) {
     throw std::runtime_error("Could not write file " + path);

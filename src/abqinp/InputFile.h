@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "abqinp/DeckBlocks.h"
 #include "abqinp/Keyword.h"
 
 namespace abqinp {
@@ -33,18 +33,15 @@ class InputFile {
   /// Moves the cursor on; false, with no current block, past the last one. Raises
   /// std::out_of_range ("Keyword index out of range") past 2^31 blocks.
   bool nextKeyword();
-  /// The block at the cursor, null before the first and past the last; valid until the cursor
-  /// moves.
-  [[nodiscard]] const Keyword* currentKeyword() const noexcept {
-    return isAtBlock_ ? &current_ : nullptr;
-  }
+  /// The block at the cursor, null before the first and past the last.
+  [[nodiscard]] const Keyword* currentKeyword() const noexcept { return current_; }
 
-  /// The number of blocks, comments included.
-  [[nodiscard]] std::size_t countKeywords() const noexcept { return blocks_.count(); }
+  /// All blocks, comments included, in stored order.
+  [[nodiscard]] const std::vector<Keyword>& keywords() const noexcept { return keywords_; }
+  /// Their number.
+  [[nodiscard]] std::size_t countKeywords() const noexcept { return keywords_.size(); }
   /// The number of blocks of exactly that name.
-  [[nodiscard]] std::size_t countKeywords(std::string_view name) const {
-    return blocks_.count(name);
-  }
+  [[nodiscard]] std::size_t countKeywords(std::string_view name) const;
 
   /// Writes every block to `path`, in place of what is there. Raises std::runtime_error ("Could
   /// not open file " path) when it cannot be opened, and ("Could not write file " path) when it
@@ -56,10 +53,9 @@ class InputFile {
   static void requireIndex(std::uint64_t index);
 
  private:
-  DeckBlocks blocks_;
-  DeckBlocks::Place place_;  // behind the current block
-  Keyword current_;
-  bool isAtBlock_ = false;
+  std::vector<Keyword> keywords_;
+  std::int64_t index_ = -1;  // of the cursor
+  const Keyword* current_ = nullptr;
 };
 
 }  // namespace abqinp

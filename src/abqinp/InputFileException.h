@@ -1,7 +1,6 @@
 #ifndef LAMCRAFT_ABQINP_INPUTFILEEXCEPTION_H
 #define LAMCRAFT_ABQINP_INPUTFILEEXCEPTION_H
 
-#include <exception>
 #include <stdexcept>
 #include <string>
 
@@ -9,7 +8,7 @@ namespace abqinp {
 
 /// A deck whose content is wrong: a keyword that is unknown, out of place or without its parent.
 /// The reader never raises it; whoever gives the keywords their meaning does.
-class InputFileException : public std::exception {
+class InputFileException : public std::runtime_error {
  public:
   /// "Invalid keyword: " name
   static InputFileException invalidKeyword(const std::string& name);
@@ -18,13 +17,8 @@ class InputFileException : public std::exception {
   /// "Keyword, " name ", missing parent keyword: " parent
   static InputFileException missingParent(const std::string& name, const std::string& parent);
 
-  [[nodiscard]] const char* what() const noexcept override { return message_.what(); }
-
  private:
-  // NOLINTNEXTLINE(bugprone-throw-keyword-missing): a member that is an exception
-  explicit InputFileException(const std::string& message) : message_(message) {}
-
-  std::runtime_error message_;  // keeps a text that copies without throwing
+  using std::runtime_error::runtime_error;
 };
 
 }  // namespace abqinp

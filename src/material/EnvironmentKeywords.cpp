@@ -143,7 +143,7 @@ void onSnData(Interpretation& interpretation) {
   const abqinp::Keyword& keyword = interpretation.keyword();
   auto& records = interpretation.lastEnvironment().snRecords;
   for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
-    abqinp::DataRow row = keyword.row(line);
+    const abqinp::DataRow row = keyword.row(line);
     const auto value = [&row](const std::size_t column) { return row.doubleValue(column, 0.0); };
     if (std::abs(value(1)) < 1.0) {
       continue;
@@ -156,7 +156,7 @@ void onNonlinearShear(Interpretation& interpretation) {
   const abqinp::Keyword& keyword = interpretation.keyword();
   EnvironmentRecord& environment = interpretation.lastEnvironment();
   for (std::size_t line = 0; line < keyword.lineCount(); ++line) {
-    abqinp::DataRow row = keyword.row(line);
+    const abqinp::DataRow row = keyword.row(line);
     environment.shearStress.push_back(row.doubleValue(0, 0.0));
     environment.shearStrain.push_back(row.doubleValue(1, 0.0));
   }

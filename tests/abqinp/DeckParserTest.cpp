@@ -20,14 +20,7 @@ std::vector<Keyword> blocksOf(const std::string& deck) {
   while (std::getline(in, line)) {
     parser.addLine(line);
   }
-  const DeckBlocks blocks = parser.finish();
-  std::vector<Keyword> all;
-  DeckBlocks::Place place;
-  Keyword block;
-  while (blocks.next(place, block)) {
-    all.push_back(block);
-  }
-  return all;
+  return parser.finish();
 }
 
 std::string textOf(const std::string& deck) {
@@ -133,6 +126,25 @@ TEST(DeckParser, ReadsReturnsAndLineFeedsAlike) {
 TEST(DeckParser, KeepsNulBytes) {
   using namespace std::string_literals;
   EXPECT_EQ(textOf("*kw\0a\n1\0,2\n**\0c\n"s), "*KW\0A\n1\0, 2\n**\0c\n"s);
+}
+
+TEST(DeckParser, CountsTheLinesOfTheFile) {
+  const std::vector<Keyword> blocks =
+      blocksOf("lost\n** a\n\n*kw1,\n  b=2\n\n1,2\n** c\n 3 , x\n*kw2");
+  ASSERT_EQ(blocks.size(), 4U);
+  EXPECT_EQ(blocks[0].line(), 2U);
+  EXPECT_EQ(blocks[1].line(), 8U) << "the comment in the data comes before the keyword";
+  EXPECT_EQ(blocks[2].line(), 4U);
+  EXPECT_EQ(blocks[2].parameterPlace("B").line, 5U);
+  EXPECT_EQ(blocks[2].parameterPlace("B").column, 3U);
+  ASSERT_EQ(blocks[2].lineCount(), 3U);
+  EXPECT_EQ(blocks[2].dataLineNumber(0), 6U);
+  EXPECT_EQ(blocks[2].valuePlace(1, 1).line, 7U);
+  EXPECT_EQ(blocks[2].valuePlace(1, 1).column, 3U);
+  EXPECT_EQ(blocks[2].valuePlace(2, 0).line, 9U);
+  EXPECT_EQ(blocks[2].valuePlace(2, 0).column, 2U);
+  EXPECT_EQ(blocks[2].valuePlace(2, 1).column, 6U);
+  EXPECT_EQ(blocks[3].line(), 10U);
 }
 
 /// Compares with the plain reader, block by block and value by value.

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -140,6 +142,69 @@ TEST(Keyword, WritesItsParametersSortedOrAsTheyWereWritten) {
   EXPECT_EQ(keyword.toText(true), "*KW1, B=2, A, B=2\n1, , 2\n\nX\n");
 }
 
+Keyword keywordOf(const std::vector<std::string>& lines) {
+  Keyword keyword = Keyword::fromLine(lines.front());
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    keyword.addParameters(lines[i]);
+  }
+  return keyword;
+}
+
+TEST(Keyword, SplitsParametersAtTheFirstEqualsSign) {
+  const Keyword keyword = keywordOf({"*K,A=1=2,B,C=,=D"});
+  EXPECT_EQ(keyword.parameterText("A"), "1=2");
+  EXPECT_EQ(keyword.parameterText("B"), "");
+  EXPECT_EQ(keyword.parameterText("C"), "");
+  EXPECT_EQ(keyword.parameterText(""), "D");
+  EXPECT_FALSE(keyword.hasParameter("D"));
+}
+
+TEST(Keyword, SkipsEmptyParameters) {
+  EXPECT_EQ(keywordOf({"*K,", ",,B,,A,"}).toText(true), "*K, B, A\n");
+  EXPECT_EQ(keywordOf({"*K,", "", ","}).toText(true), "*K\n");
+}
+
+TEST(Keyword, LeavesTheLeftOfTwoValuesOnOneLine) {
+  const Keyword keyword = keywordOf({"*K,A=1,A=2"});
+  EXPECT_EQ(keyword.parameterText("A"), "1");
+  EXPECT_EQ(keyword.parameterPlace("A").column, 4U);
+  EXPECT_EQ(keyword.toText(true), "*K, A=1, A=1\n");
+  EXPECT_EQ(keyword.toText(false), "*K, A=1\n");
+}
+
+TEST(Keyword, TakesTheParameterOfALaterLine) {
+  const Keyword keyword = keywordOf({"*K,B=1,A=1,", "B=2,C"});
+  EXPECT_EQ(keyword.parameterText("B"), "2");
+  EXPECT_EQ(keyword.toText(false), "*K, A=1, B=2, C\n");
+  EXPECT_EQ(keyword.toText(true), "*K, B=2, A=1, B=2, C\n");
+}
+
+TEST(Keyword, OrdersALineBehindAsManyNamesAsThereWereDifferentOnes) {
+  // After the first line the order is A A but one name: the second line comes in behind one.
+  EXPECT_EQ(keywordOf({"*K,A,A,", "B,C"}).toText(true), "*K, A, B, C, A\n");
+}
+
+TEST(Keyword, KnowsThePlacesOfWhatItHolds) {
+  Keyword keyword = Keyword::fromLine(" *kw1, b = 2", 7);
+  keyword.addDataLine("", 8);
+  keyword.addDataLine("  1 ,, 3", 9);
+  EXPECT_EQ(keyword.line(), 7U);
+  EXPECT_EQ(keyword.parameterPlace("B").line, 7U);
+  EXPECT_EQ(keyword.parameterPlace("B").column, 8U);
+  EXPECT_EQ(keyword.dataLineNumber(1), 9U);
+  EXPECT_EQ(keyword.valuePlace(1, 0).line, 9U);
+  EXPECT_EQ(keyword.valuePlace(1, 0).column, 3U);
+  EXPECT_EQ(keyword.valuePlace(1, 1).column, 6U);
+  EXPECT_EQ(keyword.valuePlace(1, 2).column, 8U);
+  EXPECT_EQ(Keyword::fromComment("**", 3).line(), 3U);
+  EXPECT_EQ(messageOf<std::out_of_range>([&] { static_cast<void>(keyword.valuePlace(2, 0)); }),
+            "Requested line does not exist");
+  EXPECT_EQ(messageOf<std::out_of_range>([&] { static_cast<void>(keyword.valuePlace(0, 0)); }),
+            "Requested value does not exist");
+  EXPECT_EQ(messageOf<std::out_of_range>([&] { static_cast<void>(keyword.parameterPlace("C")); }),
+            "KW1 does not have a parameter named C");
+}
+
 TEST(Keyword, IsACommentWhenItHasACommentText) {
   const Keyword comment = Keyword::fromComment("  ** Some, note ");
   EXPECT_TRUE(comment.isComment());
@@ -151,7 +216,7 @@ TEST(Keyword, IsACommentWhenItHasACommentText) {
 }
 
 TEST(Keyword, IsAValue) {
-  static_assert(std::is_nothrow_move_constructible_v<Keyword>, "a deck's keywords must be moved");
+  static_assert(std::is_nothrow_move_constructible_v<Keyword>, "growing a deck moves its keywords");
   Keyword original = sample();
   const std::string text = original.toText(true);
   const Keyword copy = original;
