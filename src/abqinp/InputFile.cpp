@@ -31,7 +31,7 @@ Stream opened(const std::string& path) {
 }  // namespace
 
 void InputFile::read(const std::string& path) {
-  if (!lamcraft::platform::hasAnEnd(path)) {
+  if (lamcraft::platform::isEndless(path)) {
     throw couldNotOpen(path);
   }
   auto file = opened<std::ifstream>(path);

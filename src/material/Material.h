@@ -6,7 +6,7 @@
 
 #include "abqinp/InputFile.h"
 #include "material/Interpretation.h"
-#include "platform/StagedFile.h"
+#include "material/TargetFolder.h"
 
 namespace lamcraft {
 
@@ -34,11 +34,7 @@ class Material : public abqinp::InputFile {
   void create();
 
  private:
-  [[nodiscard]] std::string targetFolder() const;
-  [[nodiscard]] bool isKept(const std::string& materialData) const;
-  void stageDeck(platform::StagedFile& file) const;
-  void stageData(platform::StagedFile& file, DataFile kind) const;
-  void writeFiles(const std::string& folder) const;
+  [[nodiscard]] TargetFolder targetFolder() const;
 
   Interpretation interpretation_;
   std::optional<std::string> resultsDirectory_;

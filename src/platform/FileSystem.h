@@ -28,48 +28,42 @@ bool isFolder(const std::string& path);
 /// that carries any other attribute, such as the archive bit, has not.
 bool isNormalFile(const std::string& path);
 
-/// Creates one folder with default access, in which its owner may read and write all the same; its
-/// parent must exist. True when it has been created.
+/// Creates one folder with default access; its parent must exist. True when it has been created.
 bool createFolder(const std::string& path);
 
-/// Whether reading what is at `path` comes to an end, as that of a file does, or of a pipe or a
-/// terminal that the program was handed. Not so a FIFO of the file system, which may wait for a
-/// writer for good, and devices that never run dry or wait for nobody. True where there is nothing,
-/// and for files of the system that look as any other does, such as "/proc/kmsg".
-bool hasAnEnd(const std::string& path);
+/// Whether reading what is at `path` may never come to an end: a FIFO of the file system, which may
+/// wait for a writer for good, and devices that never run dry or wait for nobody. Not so files,
+/// pipes and terminals that the program was handed, nothing at all, and files of the system that
+/// look as any other does, such as "/proc/kmsg".
+bool isEndless(const std::string& path);
 
 /// Whether a file can be written at `path` as far as what stands there is concerned: nothing, or
 /// a file that the user may write.
 bool mayWrite(const std::string& path);
 
 /// The file that a link at `path` leads to; `path` itself when there is no link, or one that does
-/// not lead to a file.
+/// not lead to anything. Windows' links are not looked at.
 std::string fileBehind(const std::string& path);
 
-enum class Creation { done, taken, failed };
+/// What the system says to a change of a folder.
+enum class Answer {
+  done,
+  exists,  ///< there is something of that name
+  denied,  ///< the user may not change the folder in this way, or the file is open elsewhere
+  failed   ///< any other error, such as a full disk
+};
 
-/// Creates an empty file with default access, which its owner may read and write all the same;
-/// `taken` when there is something of that name.
-Creation createFile(const std::string& path);
+/// Creates an empty file with default access, where nothing has its name.
+Answer createFile(const std::string& path);
 
-/// Puts the file at `from` in the place of what is at `to`, at once: at no moment there is neither,
-/// or a mixture. False, and both files are as they were, when `to` is a folder or cannot be
-/// replaced. On Windows it takes up to a second until that is said: other programs may have a file
-/// open for a moment, and nobody can replace it then.
-bool replaceFile(const std::string& from, const std::string& to);
+/// Puts the file at `from`, once its content is on the disk, in the place of a file at `to`, at
+/// once: at no moment there is neither, or a mixture. On Windows it takes up to a second until
+/// `denied` is said: other programs may have a file open for a moment, and nobody can replace it
+/// then.
+Answer replaceFile(const std::string& from, const std::string& to);
 
-/// Writes the bytes of the file at `from` over those of the file at `to`, which stays where it is.
-/// False when that cannot be, or did not come to its end: `to` is empty then, if it was opened.
-bool overwriteFile(const std::string& from, const std::string& to);
-
-/// Gives the file at `to` the owner and the access of the one at `from`, if there is one, as far as
-/// the user may. On Windows that is the read-only attribute.
-void copyAccess(const std::string& from, const std::string& to);
-
-/// Removes the file at `path`, if there is one; a folder stays. A file that may be written but not
-/// removed, such as another user's in a folder with the sticky bit, is emptied instead. False when
-/// neither could be done: its content is still there. Waits for other programs as replaceFile().
-bool removeFile(const std::string& path);
+/// Removes the file at `path`, if that can be done.
+void removeFile(const std::string& path);
 
 }  // namespace lamcraft::platform
 

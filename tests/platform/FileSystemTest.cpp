@@ -67,9 +67,20 @@ TEST(FileSystem, MayWriteFilesAndWhereNothingIs) {
 
 TEST(FileSystem, CreatesAFileWhereNothingIs) {
   const TemporaryFolder folder;
-  EXPECT_EQ(createFile(folder.file("file")), Creation::done);
-  EXPECT_EQ(createFile(folder.file("file")), Creation::taken);
-  EXPECT_EQ(createFile(folder.file("missing") + pathSeparator() + "file"), Creation::failed);
+  EXPECT_EQ(createFile(folder.file("file")), Answer::done);
+  EXPECT_EQ(createFile(folder.file("file")), Answer::exists);
+  EXPECT_EQ(createFile(folder.file("missing") + pathSeparator() + "file"), Answer::failed);
+}
+
+TEST(FileSystem, PutsAFileInThePlaceOfAnother) {
+  const TemporaryFolder folder;
+  const std::string from = folder.write("from", "new");
+  const std::string to = folder.write("to", "what was there before, and was longer");
+  EXPECT_EQ(replaceFile(from, to), Answer::done);
+  EXPECT_EQ(test::contentOf(to), "new");
+  EXPECT_EQ(fileAttributes(from), std::nullopt);
+  EXPECT_EQ(replaceFile(from, to), Answer::failed) << "there is none any more";
+  EXPECT_EQ(test::contentOf(to), "new");
 }
 
 TEST(FileSystem, RemovesFilesAndLeavesFolders) {
@@ -82,9 +93,9 @@ TEST(FileSystem, RemovesFilesAndLeavesFolders) {
 
 TEST(FileSystem, FilesFoldersAndNothingHaveAnEnd) {
   const TemporaryFolder folder;
-  EXPECT_TRUE(hasAnEnd(folder.write("deck.qdk", "*KW1\n")));
-  EXPECT_TRUE(hasAnEnd(folder.path().string()));
-  EXPECT_TRUE(hasAnEnd(folder.file("nothing")));
+  EXPECT_FALSE(isEndless(folder.write("deck.qdk", "*KW1\n")));
+  EXPECT_FALSE(isEndless(folder.path().string()));
+  EXPECT_FALSE(isEndless(folder.file("nothing")));
 }
 
 }  // namespace

@@ -75,33 +75,31 @@ TEST(WindowsFileSystem, FileThatIsOpenElsewhereForAMomentIsReplaced) {
   const std::string to = folder.write("mdata.xml", "old");
   {
     const OpenElsewhereForAMoment other(to);
-    EXPECT_TRUE(replaceFile(from, to));
+    EXPECT_EQ(replaceFile(from, to), Answer::done);
   }
   EXPECT_EQ(contentOf(to), "new");
   EXPECT_FALSE(fileAttributes(from));
 }
 
-TEST(WindowsFileSystem, FileThatIsOpenElsewhereForAMomentIsRemoved) {
-  const test::TemporaryFolder folder;
-  const std::string path = folder.write("mdata.xml", "old");
-  {
-    const OpenElsewhereForAMoment other(path);
-    EXPECT_TRUE(removeFile(path));
-  }
-  EXPECT_FALSE(fileAttributes(path));
-}
-
-TEST(WindowsFileSystem, FileThatStaysOpenElsewhereIsNeitherReplacedNorRemoved) {
+TEST(WindowsFileSystem, FileThatStaysOpenElsewhereIsNotReplaced) {
   const test::TemporaryFolder folder;
   const std::string from = folder.write("new", "new");
   const std::string to = folder.write("mdata.xml", "old");
   {
     const OpenElsewhere other(to);
-    EXPECT_FALSE(replaceFile(from, to));
-    EXPECT_FALSE(removeFile(to));
+    EXPECT_EQ(replaceFile(from, to), Answer::denied);
   }
   EXPECT_EQ(contentOf(from), "new");
   EXPECT_EQ(contentOf(to), "old");
+}
+
+TEST(WindowsFileSystem, ReadOnlyFileMayNotBeWritten) {
+  const test::TemporaryFolder folder;
+  const std::string file = folder.write("mdata.xml", "x");
+  ASSERT_TRUE(SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY));
+  EXPECT_FALSE(mayWrite(file));
+  SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_TRUE(mayWrite(file));
 }
 
 TEST(WindowsFileSystem, OneBitDecidesWhatIsNormal) {

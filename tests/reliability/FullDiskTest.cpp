@@ -46,16 +46,15 @@ class FullDisk : public testing::Test {
     });
   }
 
-  /// What must lie in the folder then: whole files alone, and those of the new deck alone when its
-  /// own copy is there.
+  /// What must lie in the folder then: whole files alone, and the old one where the new one cannot
+  /// be. No data of the new deck without its copy.
   [[nodiscard]] Files expected(const std::size_t room, const Files& old) const {
-    if (room < fresh_.at("input.qdk").size()) {
-      return old;
-    }
-    Files files;
-    for (const auto& [name, content] : fresh_) {
-      if (content.size() <= room) {
-        files[name] = content;
+    Files files = old;
+    if (room >= fresh_.at("input.qdk").size()) {
+      for (const auto& [name, content] : fresh_) {
+        if (content.size() <= room) {
+          files[name] = content;
+        }
       }
     }
     return files;
@@ -98,7 +97,7 @@ TEST_F(FullDisk, LeavesNoPieceOfAFileAtAnyByte) {
   expectWholeFiles({}, LAMCRAFT_IS_SANITIZED ? 29 : 1);  // a run then takes ten times as long
 }
 
-TEST_F(FullDisk, LeavesTheOldMaterialOrNoneBesideTheNewDeck) {
+TEST_F(FullDisk, LeavesTheOldFileWhereTheNewOneHasNoRoom) {
   expectWholeFiles(undisturbed(completeDeck("0.5")), 13);
 }
 

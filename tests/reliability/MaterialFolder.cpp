@@ -15,11 +15,9 @@ bool isPart(const std::string& name) {
   return name.find(".part") != std::string::npos;
 }
 
-bool isOf(const Files& files, const Files& whole) {
-  return std::all_of(files.begin(), files.end(), [&](const auto& file) {
-    const auto original = whole.find(file.first);
-    return original != whole.end() && original->second == file.second;
-  });
+bool holds(const Files& files, const std::string& name, const std::string& content) {
+  const auto file = files.find(name);
+  return file != files.end() && file->second == content;
 }
 
 }  // namespace
@@ -63,9 +61,14 @@ Files undisturbed(const UniDeck& deck) {
 }
 
 bool isSound(const Files& files, const Files& old, const Files& fresh) {
-  const bool hasMaterial = files.count("mdata.xml") > 0;
-  return files == old || (isOf(files, old) && !hasMaterial) ||
-         (isOf(files, fresh) && files.count("input.qdk") > 0);
+  const bool hasDeck = holds(files, "input.qdk", fresh.at("input.qdk"));
+  const bool isWhole = std::all_of(files.begin(), files.end(), [&](const auto& file) {
+    return holds(old, file.first, file.second) ||
+           (hasDeck && holds(fresh, file.first, file.second));
+  });
+  return isWhole && std::all_of(old.begin(), old.end(), [&](const auto& file) {
+           return files.count(file.first) > 0;
+         });
 }
 
 }  // namespace lamcraft::test

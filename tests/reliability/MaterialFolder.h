@@ -27,9 +27,8 @@ UniDeck completeDeck(const std::string& fiberFraction = "0.6");
 /// What a run of `deck` leaves that nothing disturbs.
 Files undisturbed(const UniDeck& deck);
 
-/// Whether `files` can be trusted: each is whole, and the data belong to the deck beside them. They
-/// are `old` as it was or without its material data, or the deck of `fresh` with none, some or all
-/// of its data files.
+/// Whether `files` can be trusted: each is whole, the `old` one or the `fresh` one, no old one is
+/// gone, and fresh data stand beside the copy of their deck.
 bool isSound(const Files& files, const Files& old, const Files& fresh);
 
 }  // namespace lamcraft::test
