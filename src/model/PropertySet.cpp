@@ -18,6 +18,7 @@ PropertySet& PropertySet::operator=(const PropertySet& other) {
 }
 
 void PropertySet::read(const abqinp::Keyword& keyword, const Symmetry code) {
+  kind = Kind::deck;
   symmetry = code;
   const SymmetryRule& rule = symmetryRule(code);
   std::size_t position = 0;

@@ -47,7 +47,8 @@ class PropertySet {
   }
 
   /// Reads the properties that a set of this symmetry carries from the keyword's first data line,
-  /// each required, then derives the dependent ones. Throws std::out_of_range when one is missing.
+  /// each required, then derives the dependent ones. The set is of kind deck from then on. Throws
+  /// std::out_of_range when one is missing.
   void read(const abqinp::Keyword& keyword, Symmetry code);
 
   /// Stores twelve values as working and variable values, then derives the dependent ones. A code

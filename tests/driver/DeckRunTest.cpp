@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 using test::contentOf;
 using test::ProcessResult;
 using test::UniDeck;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 class DeckRun : public testing::Test {
@@ -243,6 +244,24 @@ TEST_F(DeckRun, DataFilesAreTheSameWhenTheConsoleTakesNothing) {
           << file << redirection;
     }
   }
+}
+
+TEST_F(DeckRun, ValuesAfterDefaultsAreConvertedLikeAnyOthers) {
+  UniDeck deck;
+  deck.material = "*MATERIAL, TYPE=UNI, SYSTEM=CFL-TSP, NAME=PLY\n2\n";  // newton and millimetre
+  const std::string values =
+      "*FIBER\n225e3, 15e3, 0.2, 0.07, 15e3, -5e-7, 15e-6\n*MATRIX, LAW=ISO\n4.2e3, 0.34, 45e-6\n";
+  const auto callsWith = [&](const std::string& keywords) {
+    fs::remove(folder_.path() / "calls.txt");
+    deck.more = keywords;
+    EXPECT_EQ(run(deck, {"out"}).exitCode, 0);
+    fs::remove_all(folder_.path() / "out");
+    return contentOf(folder_.path() / "calls.txt");
+  };
+  const std::string calls = callsWith("*FIBER, DEFAULT\n*MATRIX, DEFAULT\n" + values);
+  EXPECT_EQ(calls, callsWith(values));
+  EXPECT_THAT(calls, HasSubstr("fiber: 225000000000 15000000000"));
+  EXPECT_THAT(calls, HasSubstr("matrix: 4200000000 4200000000"));
 }
 
 TEST_F(DeckRun, DataFilesAreTheSameInEveryLanguage) {

@@ -85,6 +85,11 @@ TEST(Fiber, IsTransverselyIsotropic) {
   EXPECT_EQ(fiber.kind, PropertySet::Kind::deck);
 }
 
+TEST(Fiber, OfTheDeckAfterDefaultsIsInTheDecksUnits) {
+  InterpretedDeck deck(uniWith("*FIBER, DEFAULT\n*FIBER\n230, 15, 0.2, 0.25, 20, -6e-7, 1e-5\n"));
+  EXPECT_EQ(deck.environment().fiber.kind, PropertySet::Kind::deck);
+}
+
 TEST(Fiber, DefaultCopiesTheSystemsAndMarksThem) {
   InterpretedDeck deck(uniWith("*FIBER, DEFAULT\n"));
   const PropertySet& fiber = deck.environment().fiber;
