@@ -2,11 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 #include "datafile/ConstituentXML.h"
 #include "datafile/Tags.h"
 #include "datafile/XmlElements.h"
-#include "datafile/XmlPrinting.h"
 
 namespace lamcraft {
 namespace {
@@ -50,10 +50,14 @@ bool MaterialXML::writeDocument(const Composite& composite, const bool fatigueMo
   for (const auto& constituent : composite.children()) {
     xml::appendConstituentTree(root, *constituent);
   }
+  for (const EnvironmentRecord& environment : composite.environments) {
+    writeEnvironment(root, environment);
+  }
   return save();
 }
 
-/// As SaveFile() does with the path, which does not look at how closing the file ends.
+/// SaveFile() with the path does not look at how closing the file ends, which may be the first to
+/// learn of a full disk.
 bool MaterialXML::save() const {
   std::FILE* const file = std::fopen(Value(), "w");
   if (file == nullptr) {
@@ -61,24 +65,6 @@ bool MaterialXML::save() const {
   }
   const bool isWritten = SaveFile(file);
   return std::fclose(file) == 0 && isWritten;
-}
-
-void MaterialXML::Print(std::FILE* const file, const int /*depth*/) const {
-  xml::Printer printer(file);
-  printer.put(*FirstChild()->ToDeclaration());
-  const TiXmlElement& root = *RootElement();
-  printer.open(root, 0);
-  for (const TiXmlElement* child = root.FirstChildElement(); child != nullptr;
-       child = child->NextSiblingElement()) {
-    printer.put(*child, 1);
-  }
-  for (const EnvironmentRecord& environment : composite().environments) {
-    TiXmlElement element("environment");
-    writeEnvironment(element, environment);
-    printer.put(element, 1);
-  }
-  printer.close(root, 0);
-  printer.finish();
 }
 
 void MaterialXML::writeMaterial(TiXmlElement& root) const {
@@ -94,8 +80,8 @@ void MaterialXML::writeMaterial(TiXmlElement& root) const {
   xml::appendProperty(element, "plyt", composite().plyThickness);
 }
 
-void MaterialXML::writeEnvironment(TiXmlElement& element,
-                                   const EnvironmentRecord& environment) const {
+void MaterialXML::writeEnvironment(TiXmlElement& root, const EnvironmentRecord& environment) const {
+  TiXmlElement& element = appendElement(root, "environment");
   setNumber(element, "temperature", environment.temperature);
   element.SetAttribute("moisture", environment.moisture->name);
   writeSolver(element, environment);

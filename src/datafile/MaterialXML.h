@@ -1,7 +1,6 @@
 #ifndef LAMCRAFT_DATAFILE_MATERIALXML_H
 #define LAMCRAFT_DATAFILE_MATERIALXML_H
 
-#include <cstdio>
 #include <string>
 
 #include <tinyxml.h>
@@ -12,8 +11,7 @@
 namespace lamcraft {
 
 /// A data file of a solved composite: builds the document and saves it. Lives for one file; reads
-/// the composite and never changes it. Environments are built one by one as they are printed: all
-/// of them at once would take ten times the memory of the text, and most of the time to fill it.
+/// the composite and never changes it.
 class MaterialXML : public TiXmlDocument {
  public:
   /// path: the file to write.
@@ -34,9 +32,6 @@ class MaterialXML : public TiXmlDocument {
   /// fatigueMode: with the results that only the fatigue data file holds.
   bool writeDocument(const Composite& composite, bool fatigueMode);
 
-  /// What saving calls: the document's text, as TinyXML's own function would give it of the whole.
-  void Print(std::FILE* file, int depth = 0) const override;
-
  protected:
   /// The composite that is being written.
   [[nodiscard]] const Composite& composite() const noexcept { return *composite_; }
@@ -45,7 +40,7 @@ class MaterialXML : public TiXmlDocument {
  private:
   [[nodiscard]] bool save() const;
   void writeMaterial(TiXmlElement& root) const;
-  void writeEnvironment(TiXmlElement& element, const EnvironmentRecord& environment) const;
+  void writeEnvironment(TiXmlElement& root, const EnvironmentRecord& environment) const;
   void writeSolver(TiXmlElement& element, const EnvironmentRecord& environment) const;
 
   bool fatigueMode_ = false;
