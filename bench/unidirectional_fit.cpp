@@ -10,14 +10,14 @@ namespace {
 constexpr double kFiberFraction = 0.6;
 
 /// AS4/3501-6 as measured, from constituents as tabulated (soden1998).
-kx::UnidirectionalMaterials carbonEpoxy() {
+kx::FittedMaterials carbonEpoxy() {
   return {kx::properties(kx::TransverselyIsotropic{126e9, 11e9, 0.28, 0.4, 6.6e9, -1e-6, 2.6e-5}),
           kx::properties(kx::TransverselyIsotropic{225e9, 15e9, 0.2, 0.071, 15e9, -5e-7, 1.5e-5}),
           kx::properties(kx::isotropic(4.2e9, 0.34, 4.5e-5))};
 }
 
-void run(benchmark::State& state, const kx::UnidirectionalMaterials& given) {
-  kx::UnidirectionalFitResult result;
+void run(benchmark::State& state, const kx::FittedMaterials& given) {
+  kx::FitResult result;
   for (auto _ : state) {
     result = kx::fitUnidirectional(kFiberFraction, given, {});
     benchmark::DoNotOptimize(result);

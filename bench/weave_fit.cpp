@@ -18,7 +18,7 @@ kx::WeaveDescription weaveOf(const benchmark::State& state) {
 }
 
 /// A plain ply of T300 and epoxy as a data sheet gives it; no geometry meets all nine constants.
-kx::WeaveMaterials measuredPly() {
+kx::FittedMaterials measuredPly() {
   kx::Properties ply{66e9, 65e9, 9.5e9, 0.05, 0.4, 0.4, 4.8e9, 3.6e9, 3.6e9, 2.5e-6, 2.5e-6, 5e-5};
   return {ply, kx::properties(kFiber), kx::properties(kx::isotropic(3.5e9, 0.35, 5.5e-5))};
 }

@@ -1,9 +1,5 @@
 #include "contract/FitExchange.h"
 
-#include <algorithm>
-
-#include "contract/Arguments.h"
-
 namespace kx {
 
 FitOptions fitOptions(const CompositeKind kind) {
@@ -20,10 +16,9 @@ FitOptions fitOptions(const CompositeKind kind) {
 }
 
 void writeSummary(const FitSummary& summary, double* errors, std::int32_t* iterations) {
-  const bool hasRun = summary.initialError >= 0.0 && summary.finalError >= 0.0;
-  errors[0] = hasRun ? summary.initialError : kNoFitError;
-  errors[1] = hasRun ? summary.finalError : kNoFitError;
-  *iterations = std::max(summary.iterations, std::int32_t{0});
+  errors[0] = summary.initialError;
+  errors[1] = summary.finalError;
+  *iterations = summary.iterations;
 }
 
 }  // namespace kx

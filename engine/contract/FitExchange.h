@@ -4,15 +4,14 @@
 #include <cstdint>
 
 #include "contract/EngineState.h"
-#include "fit/UnidirectionalFit.h"
+#include "fit/FitResult.h"
 
 namespace kx {
 
 /// What the calls before a fit have set for composites of this kind; progress goes to the status.
 FitOptions fitOptions(CompositeKind kind);
 
-/// Writes the initial and the final error and the iterations of a fit; those of no fit at all for
-/// one that never ran.
+/// Writes the initial and the final error and the iterations of a fit.
 void writeSummary(const FitSummary& summary, double* errors, std::int32_t* iterations);
 
 }  // namespace kx

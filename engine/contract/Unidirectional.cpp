@@ -7,6 +7,7 @@
 #include "contract/FitExchange.h"
 #include "elastic/Properties.h"
 #include "fatigue/UnidirectionalFatigue.h"
+#include "fit/Constituents.h"
 #include "fit/UnidirectionalFit.h"
 #include "lamcraft/kxdriver.h"
 #include "lamina/Concentration.h"
@@ -19,16 +20,15 @@ namespace {
 using kx::Properties;
 
 /// All zeros, which no fatigue fit accepts, where the constituents make no lamina.
-kx::MatrixConcentration matrixConcentration(const kx::UnidirectionalMaterials& materials,
+kx::MatrixConcentration matrixConcentration(const kx::FittedMaterials& materials,
                                             double fiberFraction) {
-  const auto fiber = kx::transverselyIsotropic(materials.fiber);
-  const auto matrix = kx::transverselyIsotropic(materials.matrix);
-  if (!kx::isAdmissible(fiber) || !kx::isAdmissible(matrix) || !(fiberFraction > 0.0) ||
-      !(fiberFraction < 1.0)) {
+  const kx::Constituents phases{kx::transverselyIsotropic(materials.fiber),
+                                kx::transverselyIsotropic(materials.matrix)};
+  if (!kx::makeALamina(phases, fiberFraction)) {
     return {};
   }
-  const auto lamina = kx::homogenise(fiber, matrix, fiberFraction);
-  const auto field = kx::concentration(matrix, lamina.matrix, lamina.effective);
+  const auto lamina = kx::homogenise(phases.fiber, phases.matrix, fiberFraction);
+  const auto field = kx::concentration(phases.matrix, lamina.matrix, lamina.effective);
   return {field.stress(kx::k11, kx::k11), field.stress(kx::k22, kx::k22)};
 }
 
@@ -61,9 +61,7 @@ void UNI_OPTIMIZATION(const double* fiberVolumeFraction,
                             {fatigueTransverse, 6},
                             {errors, 4}};
   kx::guarded(outputs, [&] {
-    kx::writeSummary({}, errors, iterations);
-    kx::writeSummary({}, errors + 2, iterations + 1);
-    const kx::UnidirectionalMaterials given{
+    const kx::FittedMaterials given{
         kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
     kx::EngineState::instance().status().begin();
     const auto result = kx::fitUnidirectional(

@@ -6,7 +6,7 @@
 #include "contract/EngineState.h"
 #include "contract/FitExchange.h"
 #include "elastic/Properties.h"
-#include "fit/ConstituentSpace.h"
+#include "fit/Constituents.h"
 #include "fit/MatrixSymmetry.h"
 #include "lamcraft/kxdriver.h"
 #include "shear/MatrixDegradation.h"
@@ -35,8 +35,7 @@ kx::Constituents constituentsFrom(const double* fiber, const double* matrix) {
 }
 
 bool makeAPly(const kx::WeaveDescription& weave, const kx::Constituents& materials) {
-  return weave.isSensible() && kx::isAdmissible(materials.fiber) &&
-         kx::isAdmissible(materials.matrix);
+  return weave.isSensible() && kx::isAdmissible(materials);
 }
 
 /// Runs `work` on the engine's weaves; no thread is left when it is done.
@@ -89,7 +88,7 @@ void WEAVE_OPTIMIZATION(const int32_t* harness,
                             {errors, 4}};
   kx::guarded(outputs, [&] {
     const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
-    const kx::WeaveMaterials given{
+    const kx::FittedMaterials given{
         kx::propertiesFrom(lamina), kx::propertiesFrom(fiber), kx::propertiesFrom(matrix)};
     kx::EngineState::instance().status().begin();
     withWeaves([&](kx::WeaveModel& weaves) {

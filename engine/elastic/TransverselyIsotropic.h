@@ -99,6 +99,25 @@ TransverselyIsotropicOf<Scalar> isotropic(const Scalar& e, const Scalar& v, cons
   return {e, e, v, v, e / (2.0 * (1.0 + v)), a, a};
 }
 
+/// K and G of an isotropic solid.
+template <class Scalar>
+Scalar bulkModulus(const Scalar& e, const Scalar& v) {
+  return e / (3.0 * (1.0 - 2.0 * v));
+}
+template <class Scalar>
+Scalar shearModulus(const Scalar& e, const Scalar& v) {
+  return e / (2.0 * (1.0 + v));
+}
+
+/// An isotropic solid of bulk modulus k, shear modulus g and expansion a.
+template <class Scalar>
+TransverselyIsotropicOf<Scalar> isotropicOfBulkAndShear(const Scalar& k,
+                                                        const Scalar& g,
+                                                        const Scalar& a) {
+  const Scalar sum = 3.0 * k + g;
+  return isotropic<Scalar>(9.0 * k * g / sum, (3.0 * k - 2.0 * g) / (2.0 * sum), a);
+}
+
 /// Takes E11 E22 v12 v23 G12 A11 A22; the other five follow from the symmetry and are not looked
 /// at.
 template <class Scalar>

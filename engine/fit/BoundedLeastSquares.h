@@ -1,21 +1,31 @@
 #ifndef KX_FIT_BOUNDEDLEASTSQUARES_H
 #define KX_FIT_BOUNDEDLEASTSQUARES_H
 
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <utility>
 
-#include <ceres/jet.h>
 #include <ceres/tiny_solver.h>
 #include <Eigen/Dense>
 
-#include "fit/FitSummary.h"
+#include "fit/FitResult.h"
+#include "fit/Linearisation.h"
 
 namespace kx {
 
 /// Minimises |r(z)|^2 + lam |z|^2 over a box with Ceres' TinySolver and dual numbers.
+///
+///     struct Circle {                       // z0^2 + z1^2 = 4
+///       static constexpr int kParameters = 2, kResiduals = 1;
+///       template <class Scalar> bool operator()(const Scalar* z, Scalar* r) const {
+///         r[0] = z[0] * z[0] + z[1] * z[1] - 4.0;
+///         return true;
+///       }
+///       double error(const Eigen::Vector2d& z) const { return std::abs(z.squaredNorm() - 4.0); }
+///     } const circle;
+///     BoundedLeastSquares<Circle> solver(circle, {-1.0, -3.0}, {1.0, 3.0}, {});
+///     solver.minimise({0.9, 1.0}, 0.0);     // a point of the circle, |z0| <= 1
 ///
 /// Problem provides
 ///   static constexpr int kParameters, kResiduals;
@@ -24,9 +34,10 @@ namespace kx {
 ///     point is rejected); for dual numbers it is only asked at points that it accepted before;
 ///   double error(const Eigen::Matrix<double, kParameters, 1>& z) const; for the progress hook.
 ///
-/// The solver itself knows no bounds. It sees r at the projection of its point onto the box, and a
-/// coordinate whose bound the gradient pushes against has a zero derivative, so that it rests; the
-/// solver is started again from the projected result until that changes nothing any more.
+/// Levenberg-Marquardt: (madsen2004), section 3.2. The solver itself knows no bounds. It sees r at
+/// the projection of its point onto the box, and a coordinate whose bound the gradient pushes
+/// against has a zero derivative, so that it rests; the solver is started again from the projected
+/// result until that changes nothing any more.
 template <class Problem>
 class BoundedLeastSquares {
  public:
@@ -113,7 +124,7 @@ class BoundedLeastSquares {
         return true;
       }
       Eigen::Map<Jacobian> j(jacobian);
-      linearise(z, r, j);
+      linearised(z, r, j);
       rest(z, r, j);
       if (hook_) {
         hook_(steps_, problem_.error(z));
@@ -124,21 +135,11 @@ class BoundedLeastSquares {
    private:
     static constexpr int kOwn = Problem::kResiduals;
     static constexpr double kRejected = 1e50;  // its square is still finite
-    using Dual = ceres::Jet<double, Problem::kParameters>;
     using Residuals = Eigen::Matrix<double, NUM_RESIDUALS, 1>;
     using Jacobian = Eigen::Matrix<double, NUM_RESIDUALS, NUM_PARAMETERS>;
 
-    void linearise(const Vector& z, Eigen::Map<Residuals>& r, Eigen::Map<Jacobian>& j) const {
-      std::array<Dual, NUM_PARAMETERS> dualZ;
-      for (int i = 0; i < NUM_PARAMETERS; ++i) {
-        dualZ[static_cast<std::size_t>(i)] = Dual(z(i), i);
-      }
-      std::array<Dual, kOwn> dualR;
-      problem_(dualZ.data(), dualR.data());
-      for (int i = 0; i < kOwn; ++i) {
-        r(i) = dualR[static_cast<std::size_t>(i)].a;
-        j.row(i) = dualR[static_cast<std::size_t>(i)].v.transpose();
-      }
+    void linearised(const Vector& z, Eigen::Map<Residuals>& r, Eigen::Map<Jacobian>& j) const {
+      kx::linearise(problem_, z, r, j);
       r.template tail<kParameters>() = rootOfLam_ * z;
       j.template bottomRows<kParameters>().setIdentity();
       j.template bottomRows<kParameters>() *= rootOfLam_;

@@ -1,8 +1,6 @@
 #ifndef KX_FIT_CONTINUATION_H
 #define KX_FIT_CONTINUATION_H
 
-#include <array>
-
 #include "fit/BoundedLeastSquares.h"
 
 namespace kx {
@@ -11,86 +9,58 @@ namespace kx {
 template <int kParameters>
 struct ContinuationResult {
   Eigen::Matrix<double, kParameters, 1> z;
-  double error = -1.0;
-  std::int32_t iterations = -1;
+  double error = 1.0;
+  std::int32_t iterations = 0;
 };
 
-/// Whether going from one point to the next, farther from the start, lowers the weighted residuals
-/// by what the longer move is worth.
-template <class Problem>
-bool isWorthTheMove(const Problem& problem,
-                    const Eigen::Matrix<double, Problem::kParameters, 1>& from,
-                    const Eigen::Matrix<double, Problem::kParameters, 1>& to) {
-  constexpr double kTargetScatter = 0.05;
-  constexpr double kStartScatter = 0.5;
-  const auto misfit = [&](const auto& z) {
-    Eigen::Matrix<double, Problem::kResiduals, 1> r;
-    r.setZero();
-    problem(z.data(), r.data());
-    return r.norm();
-  };
-  const double gain = misfit(from) - misfit(to);
-  const double move = to.norm() - from.norm();
-  return gain > 0.0 && gain >= kTargetScatter / kStartScatter * move;
-}
+/// Scatter of the tests of a unidirectional lamina, relative, over the weight of a target.
+inline constexpr double kLaminaScatter = 0.05;
 
-/// Solves an underdetermined least-squares problem by continuation: minimises
-/// |r(z)|^2 + lam |z|^2 for lam = 1e-2, 1e-3, ... 1e-13, each from the solution before.
+/// Targets count as met below this error, far below what any test measures.
+inline constexpr double kConsistentError = 1e-6;
+
+/// The most probable z, where a start value is known to one standard deviation in z and a target to
+/// kLaminaScatter over its weight: minimises |r(z)|^2 + lam |z|^2 for lam = kLaminaScatter^2, then
+/// for lam / 10, lam / 100, ..., each from the solution before.
 ///
-/// - When the targets can be met (error at the end <= 1e-6), the end is the minimum-norm solution:
-///   what the targets do not determine stays at the start values (tikhonov1977; for lam -> 0 the
-///   penalty selects the solution of smallest |z|).
-/// - When they cannot, smaller lam buys ever less for ever larger moves in the ill determined
-///   directions. The continuation is followed for as long as a stage lowers |r| by at least a tenth
-///   of what it adds to |z|: where targets are measured to 5 % and start values known to 50 %, that
-///   is a standard deviation for a standard deviation.
-/// - |r| may weigh otherwise than the error does, so that the one falls and the other rises. A
-///   stage whose error is above that of z = 0 gives way to the last one before it that is not, or
-///   to z = 0.
+/// - When the targets can be met, lam -> 0 gives the one of all exact solutions that is nearest to
+///   the start (tikhonov1977, chapter II).
+/// - When they cannot, the first lam weighs both kinds of scatter as they are. That is the
+///   compromise, and it has the last word unless its error, which weighs the targets otherwise than
+///   r does, is above that of the start.
 template <class Problem>
-ContinuationResult<Problem::kParameters> minimumNormFit(
+ContinuationResult<Problem::kParameters> mostProbableFit(
     const Problem& problem,
     const Eigen::Matrix<double, Problem::kParameters, 1>& lower,
     const Eigen::Matrix<double, Problem::kParameters, 1>& upper,
     const ProgressHook& hook) {
-  constexpr std::size_t kStages = 12;
-  constexpr double kFirstLam = 1e-2;
-  constexpr double kExactError = 1e-9;       // rounding of the model; nothing left to gain
-  constexpr double kConsistentError = 1e-6;  // far below what any test measures
+  constexpr int kStages = 12;
+  constexpr double kExactError = 1e-9;  // rounding of the model; nothing left to gain
 
   using Result = ContinuationResult<Problem::kParameters>;
   BoundedLeastSquares<Problem> leastSquares(problem, lower, upper, hook);
-  std::array<Result, kStages> stages;
-  std::size_t last = 0;
-  Result stage;
-  stage.z.setZero();
-  Result start = stage;
+  Result start;
+  start.z.setZero();
   start.error = problem.error(start.z);
-  double lam = kFirstLam;
-  for (std::size_t i = 0; i < kStages; ++i, lam /= 10.0) {
-    stage.z = leastSquares.minimise(stage.z, lam);
-    stage.error = problem.error(stage.z);
-    stages[i] = stage;
-    last = i;
-    if (stage.error < kExactError) {
-      break;
-    }
+  double lam = kLaminaScatter * kLaminaScatter;
+  const auto minimised = [&](const Result& from) {
+    Result to;
+    to.z = leastSquares.minimise(from.z, lam);
+    to.error = problem.error(to.z);
+    return to;
+  };
+  const Result compromise = minimised(start);
+  Result exact = compromise;
+  for (int stage = 1; stage < kStages && exact.error >= kExactError; ++stage) {
+    lam /= 10.0;
+    exact = minimised(exact);
   }
-  std::size_t chosen = last;
-  if (stages[last].error > kConsistentError) {
-    chosen = 0;
-    while (chosen < last && isWorthTheMove(problem, stages[chosen].z, stages[chosen + 1].z)) {
-      ++chosen;
-    }
+  Result chosen = exact.error <= kConsistentError ? exact : compromise;
+  if (chosen.error > start.error) {
+    chosen = start;
   }
-  while (chosen > 0 && stages[chosen].error > start.error) {
-    --chosen;
-  }
-  if (stages[chosen].error > start.error) {
-    stages[chosen] = start;
-  }
-  stages[chosen].iterations = leastSquares.iterations();
-  return stages[chosen];
+  chosen.iterations = leastSquares.iterations();
+  return chosen;
 }
 
 }  // namespace kx

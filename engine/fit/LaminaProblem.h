@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "fit/ConstituentSpace.h"
+#include "fit/FitResult.h"
 #include "lamina/UnidirectionalLamina.h"
 
 namespace kx {
@@ -25,11 +26,6 @@ inline constexpr std::array<TargetWeight, 5> kLaminaTargets{{
     {ElasticConstant::v23, 0.25},
     {ElasticConstant::g12, 1.0},
 }};
-
-/// A target of zero or less is not given.
-constexpr bool isGiven(const double target) {
-  return target > 0.0;
-}
 
 /// Relative deviation ratio - 1, continued by its tangent's logarithm above 2, so that targets in
 /// wrong units pull in the right direction without overwhelming the others.
@@ -58,7 +54,7 @@ class LaminaProblem {
   bool operator()(const Scalar* z, Scalar* residuals) const {
     const auto materials = space_.at(z);
     if constexpr (std::is_same_v<Scalar, double>) {
-      if (!isAdmissible(materials.fiber) || !isAdmissible(materials.matrix)) {
+      if (!space_.holds(materials)) {
         return false;
       }
     }
@@ -79,18 +75,14 @@ class LaminaProblem {
     const auto materials = space_.at(z.data());
     const auto effective =
         homogeniseElastic(materials.fiber, materials.matrix, fiberFraction_).effective;
-    double sum = 0.0;
-    int count = 0;
+    RelativeRms rms;
     for (const auto& row : kLaminaTargets) {
       const double target = constantOf(target_, row.constant);
-      if (!isGiven(target)) {
-        continue;
+      if (isGiven(target)) {
+        rms.add(constantOf(effective, row.constant), target);
       }
-      const double relative = constantOf(effective, row.constant) / target - 1.0;
-      sum += relative * relative;
-      ++count;
     }
-    return std::sqrt(sum / count);
+    return rms.value();
   }
 
  private:

@@ -2,16 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
+#include "fit/ConstituentAssessment.h"
 #include "fit/Continuation.h"
 #include "fit/LaminaProblem.h"
 #include "fit/ThermalFit.h"
 
 namespace kx {
 namespace {
-
-// Stands for the error of constituents that give no lamina at all.
-constexpr double kNoModelError = 1.0;
 
 bool hasTarget(const TransverselyIsotropic& target) {
   return std::any_of(kLaminaTargets.begin(), kLaminaTargets.end(), [&](const TargetWeight& row) {
@@ -25,89 +24,112 @@ struct MechanicalFit {
 };
 
 template <MatrixSymmetry kSymmetry>
-MechanicalFit fitElastic(const double fiberFraction,
-                         const TransverselyIsotropic& target,
-                         const Constituents& start,
-                         const FitOptions& options) {
+std::optional<MechanicalFit> fitElastic(const double fiberFraction,
+                                        const TransverselyIsotropic& target,
+                                        const Constituents& start,
+                                        const FitOptions& options) {
   const ConstituentSpace<kSymmetry> space(start);
   const LaminaProblem<kSymmetry> problem(space, target, fiberFraction);
   const double initial = problem.error(ConstituentSpace<kSymmetry>::Vector::Zero());
   if (!std::isfinite(initial)) {
-    return {start, {Termination::failed, kNoModelError, kNoModelError, 0}};
+    return std::nullopt;
   }
-  const auto fit = minimumNormFit(problem, space.lower(), space.upper(), options.progress);
-  const auto termination = fit.error <= options.maximumMechanicalError
-                               ? Termination::converged
-                               : Termination::bestCompromise;
-  return {space.at(fit.z.data()), {termination, initial, fit.error, fit.iterations}};
+  const double allowed = options.maximumMechanicalError;
+  if (!hasTarget(target)) {
+    return MechanicalFit{start, summaryOf(initial, initial, allowed, 0)};
+  }
+  const auto fit = mostProbableFit(problem, space.lower(), space.upper(), options.progress);
+  return MechanicalFit{space.at(fit.z.data()),
+                       summaryOf(initial, fit.error, allowed, fit.iterations)};
 }
 
-/// Where the constituents' expansions, or all their constants, overflow in the model, those of
-/// `given` stand instead.
-Properties laminaOf(const Constituents& materials,
-                    const double fiberFraction,
-                    const Properties& given) {
-  const auto lamina =
-      properties(homogenise(materials.fiber, materials.matrix, fiberFraction).effective);
-  if (isAdmissible(lamina)) {
-    return lamina;
-  }
-  const auto elastic = withExpansionsOf(given, lamina);
-  return isAdmissible(elastic) ? elastic : given;
+TransverselyIsotropic laminaOf(const Constituents& materials, const double fiberFraction) {
+  return homogenise(materials.fiber, materials.matrix, fiberFraction).effective;
 }
 
-bool givesALamina(const Constituents& materials, const double fiberFraction) {
-  return fiberFraction > 0.0 && fiberFraction < 1.0 && isAdmissible(materials.fiber) &&
-         isAdmissible(materials.matrix);
+ExpansionModel expansionModel(const double fiberFraction) {
+  return [fiberFraction](const Constituents& materials) -> CompositeExpansion {
+    const auto lamina = laminaOf(materials, fiberFraction);
+    return {lamina.a11, lamina.a22, lamina.a22};
+  };
 }
 
-UnidirectionalFitResult unfitted(const UnidirectionalMaterials& given,
-                                 const Constituents& start,
-                                 const double fiberFraction) {
-  const FitSummary failed{Termination::failed, kNoModelError, kNoModelError, 0};
-  UnidirectionalFitResult result{given, failed, failed};
-  if (givesALamina(start, fiberFraction)) {
-    result.materials.lamina = laminaOf(start, fiberFraction, given.lamina);
+template <MatrixSymmetry kSymmetry>
+void assessElasticOf(const double fiberFraction,
+                     const TransverselyIsotropic& target,
+                     const Constituents& start,
+                     const Constituents& fitted,
+                     Assessment& assessment) {
+  const ConstituentSpace<kSymmetry> space(start);
+  const LaminaProblem<kSymmetry> problem(space, target, fiberFraction);
+  assessment.isExact = problem.error(space.coordinatesOf(fitted)) <= kMetWithin;
+  assessment.elastic = assessElastic(problem, start, fitted, kLaminaScatter, assessment.isExact);
+}
+
+FitResult fitted(const double fiberFraction,
+                 const FittedMaterials& given,
+                 const FitOptions& options) {
+  const auto start = admissibleStart(given, options.isotropicMatrix);
+  if (!start || !makeALamina(start->constituents, fiberFraction)) {
+    return noModel();
   }
-  return result;
+  const auto target = transverselyIsotropic(given.lamina);
+  const auto elastic = start->symmetry == MatrixSymmetry::isotropic
+                           ? fitElastic<MatrixSymmetry::isotropic>
+                           : fitElastic<MatrixSymmetry::transverselyIsotropic>;
+  const auto mechanical = elastic(fiberFraction, target, start->constituents, options);
+  if (!mechanical) {
+    return noModel();
+  }
+  const auto thermal = fitExpansions(expansionModel(fiberFraction),
+                                     mechanical->constituents,
+                                     expansionUnknowns(*start),
+                                     {target.a11, target.a22, 0.0},
+                                     options.maximumThermalError);
+  if (!thermal) {
+    return noModel();
+  }
+  const auto& materials = thermal->constituents;
+  const Properties lamina = properties(laminaOf(materials, fiberFraction));
+  if (!isAdmissible(lamina)) {
+    return noModel();
+  }
+  return {{lamina, properties(materials.fiber), properties(materials.matrix)},
+          mechanical->summary,
+          thermal->summary};
 }
 
 }  // namespace
 
-UnidirectionalFitResult fitUnidirectional(const double fiberFraction,
-                                          const UnidirectionalMaterials& given,
-                                          const FitOptions& options) {
-  const auto target = transverselyIsotropic(given.lamina);
-  const auto matrix = matrixStart(given.matrix, options.isotropicMatrix);
-  const Constituents start{transverselyIsotropic(given.fiber), matrix.constants};
-  const bool finite = isFinite(given.lamina) && isFinite(given.fiber) && isFinite(given.matrix);
-  if (!finite || !givesALamina(start, fiberFraction) || !hasTarget(target)) {
-    return unfitted(given, start, fiberFraction);
-  }
+FitResult fitUnidirectional(const double fiberFraction,
+                            const FittedMaterials& given,
+                            const FitOptions& options) {
+  return reported(fitted(fiberFraction, given, options), options);
+}
 
-  const auto mechanical =
-      matrix.symmetry == MatrixSymmetry::isotropic
-          ? fitElastic<MatrixSymmetry::isotropic>(fiberFraction, target, start, options)
-          : fitElastic<MatrixSymmetry::transverselyIsotropic>(
-                fiberFraction, target, start, options);
-  if (mechanical.summary.termination == Termination::failed) {
-    return unfitted(given, start, fiberFraction);
+std::optional<Assessment> assess(const double fiberFraction,
+                                 const FittedMaterials& given,
+                                 const FittedMaterials& fitted,
+                                 const FitOptions& options) {
+  const auto start = admissibleStart(given, options.isotropicMatrix);
+  const auto answer =
+      start ? admissibleStart(fitted, start->symmetry == MatrixSymmetry::isotropic) : start;
+  if (!answer || !makeALamina(start->constituents, fiberFraction)) {
+    return std::nullopt;
   }
-  const auto expansions = [&](const Constituents& materials) -> CompositeExpansion {
-    const auto effective = homogenise(materials.fiber, materials.matrix, fiberFraction).effective;
-    return {effective.a11, effective.a22, effective.a22};
-  };
-  const auto thermal = fitExpansions(expansions,
-                                     mechanical.constituents,
-                                     matrix.symmetry,
-                                     {target.a11, target.a22, 0.0},
-                                     options.maximumThermalError);
-  const auto& fitted = thermal.constituents;
-  return {{laminaOf(fitted, fiberFraction, given.lamina),
-           properties(fitted.fiber),
-           properties(fitted.matrix)},
-          mechanical.summary,
-          thermal.summary};
+  Assessment assessment;
+  assessment.predicted = properties(laminaOf(start->constituents, fiberFraction));
+  assessment.target = given.lamina;
+  assessment.startMatrix = matrixModuli(properties(start->constituents.matrix));
+  assessment.fittedMatrix = matrixModuli(properties(answer->constituents.matrix));
+  const auto target = transverselyIsotropic(given.lamina);
+  const auto elastic = start->symmetry == MatrixSymmetry::isotropic
+                           ? assessElasticOf<MatrixSymmetry::isotropic>
+                           : assessElasticOf<MatrixSymmetry::transverselyIsotropic>;
+  elastic(fiberFraction, target, start->constituents, answer->constituents, assessment);
+  assessment.expansions = assessExpansions(
+      expansionModel(fiberFraction), *start, answer->constituents, {target.a11, target.a22, 0.0});
+  return assessment;
 }
 
 }  // namespace kx

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <vector>
 
 #include "fit/BoundedLeastSquares.h"
+#include "fit/ConstituentAssessment.h"
+#include "fit/FitStart.h"
 #include "fit/ThermalFit.h"
 #include "weave/cell/CellSolver.h"
 #include "weave/fit/WeaveProblem.h"
@@ -14,12 +17,9 @@ namespace kx {
 
 namespace {
 
-// Stands for the error of constituents that give no ply at all.
-constexpr double kNoModelError = 1.0;
-
 struct MechanicalFit {
   Constituents constituents;
-  double initialError = kNoModelError;
+  double initialError = 0.0;
   std::int32_t fieldSolves = 0;
 };
 
@@ -42,20 +42,25 @@ class FieldFit {
         space_(start),
         problem_(space_, target, weave.fiberFraction),
         cell_(weave.unitCell()),
-        solver_(cell_, team) {}
-
-  MechanicalFit run() {
-    Point point = solvedAt(Vector::Zero(), kLooseTolerance);
-    MechanicalFit fit;
-    fit.initialError = point.error;
-    if (!std::isfinite(fit.initialError)) {
-      return fit;
+        solver_(cell_, team) {
+    for (std::size_t i = 0; i < Space::kUnknowns; ++i) {
+      const Unknown& unknown = space_.unknowns()[i];
+      reach_(static_cast<Eigen::Index>(i)) =
+          (unknown.isRatio() ? kRatioReach : 1.0) / unknown.width;
     }
-    const Vector balanced = followed(point);
+  }
+
+  /// None where the model gives no numbers at the start.
+  std::optional<MechanicalFit> run() {
+    Point point = solvedAt(Vector::Zero(), kLooseTolerance);
+    const double initialError = point.error;
+    if (!std::isfinite(initialError)) {
+      return std::nullopt;
+    }
+    const Vector compromise = followed(point);
     const bool consistent = point.error <= kConsistentError;
-    fit.constituents = space_.at((consistent ? point.z : balanced).data());
-    fit.fieldSolves = solves_;
-    return fit;
+    return MechanicalFit{
+        space_.at((consistent ? point.z : compromise).data()), initialError, solves_};
   }
 
  private:
@@ -66,10 +71,13 @@ class FieldFit {
     double error = 0.0;
   };
 
-  static constexpr double kBalancedLam = 1e-2;  // (5 % of a target / 50 % of a start value)^2
+  static constexpr double kCompromiseLam = kWeaveScatter * kWeaveScatter;
   static constexpr double kLastLam = 1e-12;
   static constexpr double kLamFactor = 1e-2;
-  static constexpr double kFirstRadius = 0.4;
+  // The surrogate is as good for a soft constant as for a hard one: the trust region is one of
+  // relative changes, not of widths.
+  static constexpr double kFirstRadius = 0.4;  // in logarithms of moduli
+  static constexpr double kRatioReach = 0.3;   // of a Poisson's ratio, where a modulus changes by e
   static constexpr double kConsistentError = 1e-4;  // far below what any test measures
   static constexpr double kExactError = 1e-6;       // of the field solves
   static constexpr double kCloseError = 1e-2;
@@ -78,12 +86,12 @@ class FieldFit {
   static constexpr int kMostSolves = 40;
 
   /// Solves along decreasing lam from `point`, which ends at the last solution; gives the solution
-  /// at kBalancedLam.
+  /// at kCompromiseLam.
   Vector followed(Point& point) {
-    minimise(point, kBalancedLam, kMostSolves / 2);
-    Vector balanced = point.z;
+    minimise(point, kCompromiseLam, kMostSolves / 2);
+    Vector compromise = point.z;
     double before = point.error;
-    for (double lam = kBalancedLam * kLamFactor; lam >= kLastLam; lam *= kLamFactor) {
+    for (double lam = kCompromiseLam * kLamFactor; lam >= kLastLam; lam *= kLamFactor) {
       if (point.error <= kExactError || solves_ >= kMostSolves) {
         break;
       }
@@ -94,7 +102,7 @@ class FieldFit {
       }
       before = point.error;
     }
-    return balanced;
+    return compromise;
   }
 
   /// Lowers the merit at one lam until the surrogate promises no gain, with at most `steps` field
@@ -128,8 +136,8 @@ class FieldFit {
   }
 
   Vector surrogateMinimum(const Vector& z, const double lam) const {
-    const Vector lower = space_.lower().cwiseMax((z.array() - radius_).matrix());
-    const Vector upper = space_.upper().cwiseMin((z.array() + radius_).matrix());
+    const Vector lower = space_.lower().cwiseMax(z - radius_ * reach_);
+    const Vector upper = space_.upper().cwiseMin(z + radius_ * reach_);
     BoundedLeastSquares<Problem> leastSquares(problem_, lower, upper, {});
     return leastSquares.minimise(z, lam);
   }
@@ -164,6 +172,7 @@ class FieldFit {
   UnitCell cell_;
   CellSolver solver_;
   CellFields fields_;
+  Vector reach_;  // change of z at a radius of 1
   double radius_ = kFirstRadius;
   std::int32_t solves_ = 0;
 };
@@ -172,21 +181,6 @@ Properties plyOf(WeaveModel& model, const WeaveDescription& weave, const Constit
   const CellResponse response =
       model.response(weave, WeaveConstituents::uniform(materials.fiber, materials.matrix));
   return propertiesFromCompliance(response.compliance, response.expansion);
-}
-
-// Root mean square of the relative deviations of the expansions that are given.
-double expansionError(const Properties& ply, const Properties& target) {
-  double sum = 0.0;
-  int count = 0;
-  for (const auto constant : {&Properties::a11, &Properties::a22, &Properties::a33}) {
-    if (target.*constant == 0.0) {
-      continue;
-    }
-    const double relative = ply.*constant / (target.*constant) - 1.0;
-    sum += relative * relative;
-    ++count;
-  }
-  return count == 0 ? 0.0 : std::sqrt(sum / count);
 }
 
 // The ply's expansions by Levin's relation, applied to the unit cell and to the tows.
@@ -217,91 +211,124 @@ bool hasTarget(const Properties& target) {
                      [&](const auto constant) { return isGiven(target.*constant); });
 }
 
-WeaveFitResult unfitted(WeaveModel& model,
-                        const WeaveDescription& weave,
-                        const WeaveMaterials& given,
-                        const Constituents& start) {
-  const FitSummary failed{Termination::failed, kNoModelError, kNoModelError, 0};
-  WeaveFitResult result{given, failed, failed};
-  const bool givesAPly =
-      weave.isSensible() && isAdmissible(start.fiber) && isAdmissible(start.matrix);
-  if (givesAPly) {
-    const Properties ply = plyOf(model, weave, start);
-    if (isAdmissible(ply)) {
-      result.materials.lamina = ply;
-    }
+std::optional<MechanicalFit> fitElastic(WeaveModel& model,
+                                        const WeaveDescription& weave,
+                                        const Properties& target,
+                                        const FitStart& start,
+                                        const ProgressHook& hook) {
+  if (!hasTarget(target)) {
+    return MechanicalFit{start.constituents, 0.0, 0};
   }
-  return result;
-}
-
-FitSummary summary(const double initial,
-                   const double final,
-                   const double maximum,
-                   const std::int32_t iterations) {
-  const auto termination = final <= maximum ? Termination::converged : Termination::bestCompromise;
-  return {termination, initial, final, iterations};
-}
-
-/// What was fitted, and the ply that it gives; `given` where that is beyond the range of numbers.
-WeaveFitResult fitted(WeaveModel& model,
-                      const WeaveDescription& weave,
-                      const WeaveMaterials& given,
-                      const Constituents& start,
-                      const MechanicalFit& mechanical,
-                      const ThermalFitResult& thermal,
-                      const FitOptions& options) {
-  Properties ply = plyOf(model, weave, thermal.constituents);
-  const double thermalError =
-      isAdmissible(ply) ? expansionError(ply, given.lamina) : thermal.summary.finalError;
-  if (!isAdmissible(ply)) {
-    ply = withExpansionsOf(given.lamina, ply);
-  }
-  const double elasticError = weaveError(ply, given.lamina);
-  if (!isAdmissible(ply) || !std::isfinite(elasticError)) {
-    return unfitted(model, weave, given, start);
-  }
-  return {{ply, properties(thermal.constituents.fiber), properties(thermal.constituents.matrix)},
-          summary(mechanical.initialError,
-                  elasticError,
-                  options.maximumMechanicalError,
-                  mechanical.fieldSolves),
-          summary(thermal.summary.initialError,
-                  std::isfinite(thermalError) ? thermalError : thermal.summary.finalError,
-                  options.maximumThermalError,
-                  thermal.summary.iterations)};
-}
-
-}  // namespace
-
-WeaveFitResult fitWeave(WeaveModel& model,
-                        const WeaveDescription& weave,
-                        const WeaveMaterials& given,
-                        const FitOptions& options) {
-  const auto matrix = matrixStart(given.matrix, options.isotropicMatrix);
-  const Constituents start{transverselyIsotropic(given.fiber), matrix.constants};
-  const bool finite = isFinite(given.lamina) && isFinite(given.fiber) && isFinite(given.matrix);
-  if (!finite || !weave.isSensible() || !isAdmissible(start.fiber) || !isAdmissible(start.matrix) ||
-      !hasTarget(given.lamina)) {
-    return unfitted(model, weave, given, start);
-  }
-  const Properties& target = given.lamina;
   const auto fit = [&](auto symmetry) {
-    return FieldFit<decltype(symmetry)::value>(model.team(), weave, target, start, options.progress)
+    return FieldFit<decltype(symmetry)::value>(
+               model.team(), weave, target, start.constituents, hook)
         .run();
   };
   using Isotropic = std::integral_constant<MatrixSymmetry, MatrixSymmetry::isotropic>;
   using Transverse = std::integral_constant<MatrixSymmetry, MatrixSymmetry::transverselyIsotropic>;
-  const MechanicalFit mechanical =
-      matrix.symmetry == MatrixSymmetry::isotropic ? fit(Isotropic{}) : fit(Transverse{});
-  if (!std::isfinite(mechanical.initialError)) {
-    return unfitted(model, weave, given, start);
+  return start.symmetry == MatrixSymmetry::isotropic ? fit(Isotropic{}) : fit(Transverse{});
+}
+
+CompositeExpansion expansionOf(const Properties& ply) {
+  return {ply.a11, ply.a22, ply.a33};
+}
+
+/// What was fitted, and the ply that it gives.
+FitResult solved(WeaveModel& model,
+                 const WeaveDescription& weave,
+                 const Properties& target,
+                 const MechanicalFit& mechanical,
+                 const ThermalFitResult& thermal,
+                 const FitOptions& options) {
+  const Properties ply = plyOf(model, weave, thermal.constituents);
+  const double elasticError = weaveError(ply, target);
+  const double thermalError = expansionError(expansionOf(ply), expansionOf(target));
+  if (!isAdmissible(ply) || !std::isfinite(elasticError) || !std::isfinite(thermalError)) {
+    return noModel();
   }
-  const ThermalFitResult thermal = fitExpansions(levinModel(model, weave, mechanical.constituents),
-                                                 mechanical.constituents,
-                                                 matrix.symmetry,
-                                                 {target.a11, target.a22, target.a33},
-                                                 options.maximumThermalError);
-  return fitted(model, weave, given, start, mechanical, thermal, options);
+  const auto solves = mechanical.fieldSolves == 0 ? 0 : mechanical.fieldSolves + 1;
+  return {{ply, properties(thermal.constituents.fiber), properties(thermal.constituents.matrix)},
+          summaryOf(mechanical.initialError, elasticError, options.maximumMechanicalError, solves),
+          summaryOf(thermal.summary.initialError,
+                    thermalError,
+                    options.maximumThermalError,
+                    thermal.summary.iterations)};
+}
+
+template <MatrixSymmetry kSymmetry>
+std::vector<AssessedConstant> assessElasticOf(const CellSensitivity& sensitivity,
+                                              const WeaveDescription& weave,
+                                              const Properties& target,
+                                              const Constituents& start,
+                                              const Constituents& fitted,
+                                              const bool isExact) {
+  const ConstituentSpace<kSymmetry> space(start);
+  WeaveProblem<kSymmetry> problem(space, target, weave.fiberFraction);
+  problem.setSensitivity(sensitivity);
+  return assessElastic(problem, start, fitted, kWeaveScatter, isExact);
+}
+
+FitResult fitted(WeaveModel& model,
+                 const WeaveDescription& weave,
+                 const FittedMaterials& given,
+                 const FitOptions& options) {
+  const auto start = admissibleStart(given, options.isotropicMatrix);
+  if (!start || !weave.isSensible()) {
+    return noModel();
+  }
+  const Properties& target = given.lamina;
+  const auto mechanical = fitElastic(model, weave, target, *start, options.progress);
+  if (!mechanical) {
+    return noModel();
+  }
+  const auto thermal = fitExpansions(levinModel(model, weave, mechanical->constituents),
+                                     mechanical->constituents,
+                                     expansionUnknowns(*start),
+                                     expansionOf(target),
+                                     options.maximumThermalError);
+  return thermal ? solved(model, weave, target, *mechanical, *thermal, options) : noModel();
+}
+
+}  // namespace
+
+FitResult fitWeave(WeaveModel& model,
+                   const WeaveDescription& weave,
+                   const FittedMaterials& given,
+                   const FitOptions& options) {
+  return reported(fitted(model, weave, given, options), options);
+}
+
+std::optional<Assessment> assess(WeaveModel& model,
+                                 const WeaveDescription& weave,
+                                 const FittedMaterials& given,
+                                 const FittedMaterials& fitted,
+                                 const FitOptions& options) {
+  const auto start = admissibleStart(given, options.isotropicMatrix);
+  const auto answer =
+      start ? admissibleStart(fitted, start->symmetry == MatrixSymmetry::isotropic) : start;
+  if (!answer || !weave.isSensible()) {
+    return std::nullopt;
+  }
+  const Constituents& materials = answer->constituents;
+  Assessment assessment;
+  assessment.predicted = plyOf(model, weave, start->constituents);
+  assessment.target = given.lamina;
+  assessment.startMatrix = matrixModuli(properties(start->constituents.matrix));
+  assessment.fittedMatrix = matrixModuli(properties(materials.matrix));
+  assessment.isExact = weaveError(plyOf(model, weave, materials), given.lamina) <= kMetWithin;
+  const auto elastic = start->symmetry == MatrixSymmetry::isotropic
+                           ? assessElasticOf<MatrixSymmetry::isotropic>
+                           : assessElasticOf<MatrixSymmetry::transverselyIsotropic>;
+  const auto uniform = WeaveConstituents::uniform(materials.fiber, materials.matrix);
+  assessment.elastic = elastic(model.sensitivity(weave, uniform),
+                               weave,
+                               given.lamina,
+                               start->constituents,
+                               materials,
+                               assessment.isExact);
+  assessment.expansions = assessExpansions(
+      levinModel(model, weave, materials), *start, materials, expansionOf(given.lamina));
+  return assessment;
 }
 
 }  // namespace kx

@@ -17,25 +17,24 @@ namespace kx {
 ///
 /// In-plane moduli are what is measured well. Through-thickness moduli of thin plies are measured
 /// with several times their scatter, and Poisson's ratios of weaves depend on the stacking, which
-/// the unit cell does not know.
+/// the unit cell does not know. A weight stands for a scatter of kWeaveScatter over it: 2 % of the
+/// in-plane moduli, 7 % of the others, 13 % of the ratios.
 inline constexpr std::array<double, 9> kWeaveWeights{
     {1.0, 1.0, 0.3, 0.15, 0.15, 0.15, 1.0, 0.3, 0.3}};
+
+inline constexpr double kWeaveScatter = 0.02;
 
 /// Root mean square of the relative deviations of the constants that are given (> 0); 0 when none
 /// is.
 inline double weaveError(const Properties& ply, const Properties& target) {
-  double sum = 0.0;
-  int count = 0;
+  RelativeRms rms;
   for (std::size_t i = 0; i < kWeaveWeights.size(); ++i) {
     const auto constant = kPropertyOrder<double>[i];
-    if (!isGiven(target.*constant)) {
-      continue;
+    if (isGiven(target.*constant)) {
+      rms.add(ply.*constant, target.*constant);
     }
-    const double relative = ply.*constant / (target.*constant) - 1.0;
-    sum += relative * relative;
-    ++count;
   }
-  return count == 0 ? 0.0 : std::sqrt(sum / count);
+  return rms.value();
 }
 
 /// The residuals of a weave fit with the stiffness of the unit cell linearised in the moduli of its
@@ -57,7 +56,7 @@ class WeaveProblem {
   bool operator()(const Scalar* z, Scalar* residuals) const {
     const auto materials = space_.at(z);
     if constexpr (std::is_same_v<Scalar, double>) {
-      if (!isAdmissible(materials.fiber) || !isAdmissible(materials.matrix)) {
+      if (!space_.holds(materials)) {
         return false;
       }
     }

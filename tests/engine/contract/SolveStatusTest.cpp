@@ -88,4 +88,19 @@ TEST(InsituStatus, AnswersASecondThreadWhileALaminaIsFitted) {
   EXPECT_GE(after, before + 20);
 }
 
+TEST(InsituStatus, EndsWithTheIterationsAndTheErrorThatAreReturned) {
+  for (const double fraction : {0.6, 60.0}) {
+    std::int32_t before = -1;
+    double error = -1.0;
+    INSITU_STATUS(&before, &error);
+    kx::test::UnidirectionalCall call;
+    call.fiberVolumeFraction = fraction;
+    call.run();
+    std::int32_t after = -1;
+    INSITU_STATUS(&after, &error);
+    EXPECT_EQ(after - before - 1, call.iterations[0]);
+    EXPECT_EQ(error, call.errors[1]);
+  }
+}
+
 }  // namespace

@@ -59,7 +59,7 @@ void expectNoWorse(const FitSummary& fit) {
   EXPECT_GE(fit.iterations, 0);
 }
 
-void expectSound(const UnidirectionalFitResult& result, const bool isMatrixIsotropic) {
+void expectSound(const FitResult& result, const bool isMatrixIsotropic) {
   for (const Properties* set :
        {&result.materials.lamina, &result.materials.fiber, &result.materials.matrix}) {
     EXPECT_TRUE(isAdmissible(*set));
@@ -96,7 +96,7 @@ TEST(RandomFits, AreAdmissibleNoWorseThanTheirStartAndKeepTheSymmetries) {
     FitOptions options;
     options.isotropicMatrix = i % 2 == 0;
     const auto matrix = options.isotropicMatrix ? random.isotropicMatrix() : random.anyMatrix();
-    const UnidirectionalMaterials given{
+    const FittedMaterials given{
         anyTarget(random, c, i), properties(random.anyFiber()), properties(matrix)};
     const auto start = Clock::now();
     const auto result = fitUnidirectional(c, given, options);

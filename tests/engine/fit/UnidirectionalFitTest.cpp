@@ -7,9 +7,9 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <Eigen/Core>
 
 #include "lamina/UnidirectionalLamina.h"
-#include "support/Bits.h"
 #include "support/RandomMaterials.h"
 #include "support/ReferenceData.h"
 
@@ -19,7 +19,7 @@ namespace {
 struct FitCase {
   std::string name;
   double fiberFraction = 0.0;
-  UnidirectionalMaterials given;
+  FittedMaterials given;
 };
 
 FitOptions isotropicMatrix() {
@@ -72,18 +72,18 @@ double relativeRms(const Properties& lamina, const Properties& target) {
   return std::sqrt(sum / count);
 }
 
-/// Distance of two fitted sets in the unknowns of the fit.
-double distance(const UnidirectionalMaterials& a, const UnidirectionalMaterials& b) {
-  double sum = 0.0;
-  const auto add = [&](const Properties& p, const Properties& q) {
-    for (const auto modulus : {&Properties::e11, &Properties::e22, &Properties::g12}) {
-      sum += std::pow(std::log(p.*modulus / (q.*modulus)), 2);
+/// Distance of two answers in widths of the start values.
+double distance(const FitCase& item, const FittedMaterials& a, const FittedMaterials& b) {
+  const auto z = [&](const FittedMaterials& fitted) {
+    const auto assessment = assess(item.fiberFraction, item.given, fitted, isotropicMatrix());
+    const auto& constants = assessment->elastic;
+    Eigen::VectorXd all(constants.size());
+    for (std::size_t i = 0; i < constants.size(); ++i) {
+      all(static_cast<Eigen::Index>(i)) = constants[i].z;
     }
-    sum += std::pow((p.v12 - q.v12) / 0.3, 2) + std::pow((p.v23 - q.v23) / 0.3, 2);
+    return all;
   };
-  add(a.fiber, b.fiber);
-  const double modulus = std::log(a.matrix.e11 / b.matrix.e11);
-  return std::sqrt(sum + modulus * modulus + std::pow((a.matrix.v12 - b.matrix.v12) / 0.3, 2));
+  return (z(a) - z(b)).norm();
 }
 
 bool identical(const Properties& a, const Properties& b) {
@@ -92,27 +92,65 @@ bool identical(const Properties& a, const Properties& b) {
                      [&](const auto member) { return a.*member == b.*member; });
 }
 
-bool identical(const UnidirectionalMaterials& a, const UnidirectionalMaterials& b) {
+bool identical(const FittedMaterials& a, const FittedMaterials& b) {
   return identical(a.lamina, b.lamina) && identical(a.fiber, b.fiber) &&
          identical(a.matrix, b.matrix);
 }
 
-// The reference comes from another implementation, whose last lam leaves 1e-3 of freedom.
-TEST(UnidirectionalFit, FindsTheMinimumNormSolutionsFoundElsewhere) {
+void expectNear(const Properties& set, const Properties& expected, const double tolerance) {
+  for (const auto member : kPropertyOrder<double>) {
+    EXPECT_NEAR(set.*member / (expected.*member), 1.0, tolerance);
+  }
+}
+
+/// The reference is exact to 1e-3; to 1 % in the last two cases, where glass and a laminate of IM7
+/// leave flat directions.
+double referenceTolerance(const std::string& name) {
+  return name == "Eglass/MY750" || name == "IM7/8552" ? 1e-2 : 1e-3;
+}
+
+// The reference comes from an iteration that knows no continuation.
+TEST(UnidirectionalFit, FindsTheNearestExactSolutionsFoundElsewhere) {
   for (const auto& item : test::referenceCases("computed.json", "ud_fit")) {
-    const auto result = fitUnidirectional(item.at("vf").get<double>(),
-                                          {test::propertiesFrom(item.at("target")),
-                                           test::propertiesFrom(item.at("start_fibre")),
-                                           test::propertiesFrom(item.at("start_matrix"))},
-                                          isotropicMatrix());
+    SCOPED_TRACE(item.at("name"));
+    const FittedMaterials given{test::propertiesFrom(item.at("target")),
+                                test::propertiesFrom(item.at("start_fibre")),
+                                test::propertiesFrom(item.at("start_matrix"))};
+    const auto fraction = item.at("vf").get<double>();
+    const auto result = fitUnidirectional(fraction, given, isotropicMatrix());
     EXPECT_NEAR(result.mechanical.initialError, item.at("start_error").get<double>(), 1e-9);
     EXPECT_LT(result.mechanical.finalError, 1e-9);
     EXPECT_LT(result.thermal.finalError, 1e-12);
-    const Properties fiber = test::propertiesFrom(item.at("fitted_fibre"));
-    const Properties matrix = test::propertiesFrom(item.at("fitted_matrix"));
-    for (const auto member : kPropertyOrder<double>) {
-      EXPECT_NEAR(result.materials.fiber.*member / (fiber.*member), 1.0, 1e-3) << item.at("name");
-      EXPECT_NEAR(result.materials.matrix.*member / (matrix.*member), 1.0, 1e-3) << item.at("name");
+    const double tolerance = referenceTolerance(item.at("name"));
+    expectNear(result.materials.fiber, test::propertiesFrom(item.at("fitted_fibre")), tolerance);
+    expectNear(result.materials.matrix, test::propertiesFrom(item.at("fitted_matrix")), tolerance);
+  }
+}
+
+// Printed to four or six digits.
+TEST(UnidirectionalFit, KnowsMovesResolutionAndDeviationsFoundElsewhere) {
+  for (const auto& item : test::referenceCases("computed.json", "ud_fit")) {
+    SCOPED_TRACE(item.at("name"));
+    const FittedMaterials given{test::propertiesFrom(item.at("target")),
+                                test::propertiesFrom(item.at("start_fibre")),
+                                test::propertiesFrom(item.at("start_matrix"))};
+    const auto fraction = item.at("vf").get<double>();
+    const auto result = fitUnidirectional(fraction, given, isotropicMatrix());
+    const auto assessment = assess(fraction, given, result.materials, isotropicMatrix());
+    ASSERT_TRUE(assessment.has_value());
+    EXPECT_TRUE(assessment->isExact);
+    EXPECT_NEAR(assessment->distance(), item.at("norm_z").get<double>(), 1e-3);
+    ASSERT_EQ(assessment->elastic.size(), item.at("z").size());
+    for (std::size_t i = 0; i < assessment->elastic.size(); ++i) {
+      const AssessedConstant& constant = assessment->elastic[i];
+      SCOPED_TRACE(constant.name);
+      EXPECT_NEAR(constant.z, item.at("z").at(i).get<double>(), 1e-3);
+      EXPECT_NEAR(constant.resolution, item.at("resolution").at(i).get<double>(), 1e-3);
+      const double deviation = item.at("std_in_widths").at(i);
+      EXPECT_NEAR(constant.deviationInWidths, deviation, 1e-3 * deviation);
+    }
+    for (std::size_t i = 0; i < assessment->expansions.size(); ++i) {
+      EXPECT_NEAR(assessment->expansions[i].z, item.at("z_expansion").at(i).get<double>(), 1e-3);
     }
   }
 }
@@ -143,7 +181,7 @@ FitCase consistentCase(test::RandomMaterials& random, const bool carbon) {
            properties(startMatrix)}};
 }
 
-void expectMetAndAdmissible(const FitCase& item, const UnidirectionalFitResult& result) {
+void expectMetAndAdmissible(const FitCase& item, const FitResult& result) {
   EXPECT_LT(result.mechanical.finalError, 1e-6);
   EXPECT_LT(result.thermal.finalError, 1e-6);
   for (const auto member : kPropertyOrder<double>) {
@@ -180,30 +218,33 @@ TEST(UnidirectionalFit, PublishedLaminaeAreMetByConstituentsNearTheirData) {
   ASSERT_GE(cases.size(), 4U);
   for (const FitCase& item : cases) {
     const auto result = fitUnidirectional(item.fiberFraction, item.given, isotropicMatrix());
-    // 2 % is the scatter of the measured constants; a factor of two in one modulus is |z| = 0.7.
-    EXPECT_LT(result.mechanical.finalError, 0.02) << item.name;
+    EXPECT_LT(result.mechanical.finalError, 1e-6) << item.name;
     EXPECT_LT(result.thermal.finalError, 1e-6) << item.name;
-    EXPECT_LT(distance(result.materials, item.given), 1.5) << item.name;
+    const auto assessment =
+        assess(item.fiberFraction, item.given, result.materials, isotropicMatrix());
+    for (const AssessedConstant& constant : assessment->elastic) {
+      EXPECT_LT(std::abs(constant.z), 3.0) << item.name << " " << constant.name;
+    }
     EXPECT_TRUE(isAdmissible(result.materials.fiber)) << item.name;
     EXPECT_TRUE(isAdmissible(result.materials.matrix)) << item.name;
   }
 }
 
-// The smallest singular value of the sensitivities is 0.12 (glass), so that five targets each off
-// by 1 % move the constituents by at most sqrt(5) 0.01 / 0.12 = 0.19.
-constexpr double kMoveForOnePercent = 0.19;
+// The smallest singular value of the sensitivities in widths is 0.012 (glass), so that five targets
+// each off by 1 % move the constituents by at most sqrt(5) 0.01 / 0.012 widths.
+const double kMoveForOnePercent = std::sqrt(5.0) * 0.01 / 0.012;
 
 TEST(UnidirectionalFit, OnePercentOfScatterMovesTheConstituentsLittle) {
   test::RandomMaterials random(43);
   for (const FitCase& item : publishedLaminae()) {
     const auto result = fitUnidirectional(item.fiberFraction, item.given, isotropicMatrix());
     for (int i = 0; i < 30; ++i) {
-      UnidirectionalMaterials scattered = item.given;
+      FittedMaterials scattered = item.given;
       for (const auto member : kPropertyOrder<double>) {
         scattered.lamina.*member *= random.uniform(0.99, 1.01);
       }
       const auto moved = fitUnidirectional(item.fiberFraction, scattered, isotropicMatrix());
-      EXPECT_LT(distance(moved.materials, result.materials), kMoveForOnePercent) << item.name;
+      EXPECT_LT(distance(item, moved.materials, result.materials), kMoveForOnePercent) << item.name;
     }
   }
 }
@@ -225,12 +266,14 @@ TEST(UnidirectionalFit, ContradictoryTargetsEndInAStableCompromise) {
   EXPECT_TRUE(isAdmissible(result.materials.matrix));
   test::RandomMaterials random(44);
   for (int i = 0; i < 30; ++i) {
-    UnidirectionalMaterials scattered = item.given;
+    FittedMaterials scattered = item.given;
     for (const auto member : kPropertyOrder<double>) {
       scattered.lamina.*member *= random.uniform(0.99, 1.01);
     }
     const auto moved = fitUnidirectional(item.fiberFraction, scattered, isotropicMatrix());
-    EXPECT_LT(distance(moved.materials, result.materials), kMoveForOnePercent);
+    // With the penalty lam the answer to dr is s/(s^2 + lam) dr <= dr / (2 sqrt(lam)).
+    EXPECT_LT(distance(item, moved.materials, result.materials),
+              std::sqrt(5.0) * 0.01 / (2.0 * 0.05));
   }
 }
 
@@ -250,17 +293,17 @@ TEST(UnidirectionalFit, TargetOutOfReachDoesNotDragTheFiberAlong) {
   // Boron filaments are isotropic, 385 to 400 GPa (daniel2006): a compromise may take a fifth more.
   EXPECT_NEAR(fiber.e11, 400e9, 80e9);
   EXPECT_NEAR(fiber.e22, 400e9, 80e9);
-  // The moduli, which such a fiber does explain, are met as closely as they are measured.
+  // Moduli that such a fiber does explain are met to two standard deviations of a test, 5 %.
   const Properties& lamina = result.materials.lamina;
   const Properties& target = item.given.lamina;
   EXPECT_NEAR(lamina.e11 / target.e11, 1.0, 0.05);
-  EXPECT_NEAR(lamina.e22 / target.e22, 1.0, 0.06);
-  EXPECT_NEAR(lamina.g12 / target.g12, 1.0, 0.06);
+  EXPECT_NEAR(lamina.e22 / target.e22, 1.0, 0.10);
+  EXPECT_NEAR(lamina.g12 / target.g12, 1.0, 0.10);
 }
 
 TEST(UnidirectionalFit, ResultDoesNotDependOnEarlierFits) {
   const auto cases = publishedLaminae();
-  std::vector<UnidirectionalMaterials> forward;
+  std::vector<FittedMaterials> forward;
   forward.reserve(cases.size());
   for (const FitCase& item : cases) {
     forward.push_back(
@@ -274,7 +317,7 @@ TEST(UnidirectionalFit, ResultDoesNotDependOnEarlierFits) {
 
 TEST(UnidirectionalFit, UnitOfStressDoesNotMatter) {
   for (const FitCase& item : publishedLaminae()) {
-    UnidirectionalMaterials inGigapascal = item.given;
+    FittedMaterials inGigapascal = item.given;
     for (Properties* set : {&inGigapascal.lamina, &inGigapascal.fiber, &inGigapascal.matrix}) {
       for (const auto member : {&Properties::e11,
                                 &Properties::e22,
@@ -295,7 +338,7 @@ TEST(UnidirectionalFit, UnitOfStressDoesNotMatter) {
 TEST(UnidirectionalFit, ErrorsAreThoseOfWhatIsReturned) {
   for (const FitCase& item : {publishedLaminae().front(), contradictoryCase()}) {
     const auto result = fitUnidirectional(item.fiberFraction, item.given, isotropicMatrix());
-    const auto laminaOf = [&](const UnidirectionalMaterials& m) {
+    const auto laminaOf = [&](const FittedMaterials& m) {
       return properties(homogenise(transverselyIsotropic(m.fiber),
                                    transverselyIsotropic(m.matrix),
                                    item.fiberFraction)
@@ -339,7 +382,7 @@ TEST(UnidirectionalFit, StartThatFitsStaysAsItIs) {
   const auto result = fitUnidirectional(item.fiberFraction, item.given, isotropicMatrix());
   EXPECT_EQ(result.mechanical.termination, Termination::converged);
   EXPECT_LT(result.mechanical.initialError, 1e-14);
-  EXPECT_LT(distance(result.materials, item.given), 1e-12);
+  EXPECT_LT(distance(item, result.materials, item.given), 1e-12);
 }
 
 TEST(UnidirectionalFit, ConstantsThatAreNotGivenDoNotCount) {
@@ -386,50 +429,74 @@ TEST(UnidirectionalFit, ProgressCountsUpToTheReturnedIterations) {
   EXPECT_LT(lastError, 1e-8);
 }
 
-void expectUntouched(const UnidirectionalMaterials& given, const UnidirectionalFitResult& result) {
-  for (const auto member : kPropertyOrder<double>) {
-    // Bits, not values: a NaN that came in has to come out.
-    EXPECT_EQ(test::bitsOf(given.fiber.*member), test::bitsOf(result.materials.fiber.*member));
-    EXPECT_EQ(test::bitsOf(given.matrix.*member), test::bitsOf(result.materials.matrix.*member));
+void expectNoModel(const FitResult& result) {
+  for (const Properties* set :
+       {&result.materials.lamina, &result.materials.fiber, &result.materials.matrix}) {
+    for (const auto member : kPropertyOrder<double>) {
+      EXPECT_TRUE(std::isnan(set->*member));
+    }
   }
   for (const FitSummary& summary : {result.mechanical, result.thermal}) {
     EXPECT_EQ(summary.termination, Termination::failed);
     EXPECT_EQ(summary.iterations, 0);
-    EXPECT_TRUE(std::isfinite(summary.finalError));
-    EXPECT_GE(summary.finalError, summary.initialError);
+    EXPECT_EQ(summary.initialError, 1.0);
+    EXPECT_EQ(summary.finalError, 1.0);
   }
 }
 
-TEST(UnidirectionalFit, NumbersThatMakeNoSenseLeaveTheStart) {
+TEST(UnidirectionalFit, NumbersThatMakeNoSenseGiveNoNumbers) {
   const FitCase item = publishedLaminae().front();
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double infinity = std::numeric_limits<double>::infinity();
-  for (const double c : {0.0, 1.0, -0.3, 1.7, nan, infinity}) {
-    expectUntouched(item.given, fitUnidirectional(c, item.given, {}));
+  for (const double c : {0.0, 1.0, 60.0, -0.6, 1.7, nan, infinity}) {
+    expectNoModel(fitUnidirectional(c, item.given, {}));
+    EXPECT_FALSE(assess(c, item.given, item.given, {}).has_value());
   }
   for (const auto member : {&Properties::e11, &Properties::v12, &Properties::a22}) {
-    for (Properties UnidirectionalMaterials::*set : {&UnidirectionalMaterials::lamina,
-                                                     &UnidirectionalMaterials::fiber,
-                                                     &UnidirectionalMaterials::matrix}) {
+    for (Properties FittedMaterials::*set :
+         {&FittedMaterials::lamina, &FittedMaterials::fiber, &FittedMaterials::matrix}) {
       for (const double bad : {nan, infinity, -infinity}) {
-        UnidirectionalMaterials given = item.given;
+        FittedMaterials given = item.given;
         given.*set.*member = bad;
-        expectUntouched(given, fitUnidirectional(item.fiberFraction, given, {}));
+        expectNoModel(fitUnidirectional(item.fiberFraction, given, {}));
       }
     }
   }
-  UnidirectionalMaterials nothingGiven = item.given;
-  nothingGiven.lamina = {};
-  expectUntouched(nothingGiven, fitUnidirectional(item.fiberFraction, nothingGiven, {}));
-  UnidirectionalMaterials noMatrix = item.given;
-  noMatrix.matrix = {};
-  expectUntouched(noMatrix, fitUnidirectional(item.fiberFraction, noMatrix, {}));
+  for (Properties FittedMaterials::*set : {&FittedMaterials::fiber, &FittedMaterials::matrix}) {
+    FittedMaterials none = item.given;
+    none.*set = {};
+    expectNoModel(fitUnidirectional(item.fiberFraction, none, {}));
+    FittedMaterials negative = item.given;
+    (negative.*set).e11 *= -1.0;
+    expectNoModel(fitUnidirectional(item.fiberFraction, negative, {}));
+  }
+  FittedMaterials incompressible = item.given;
+  incompressible.matrix = properties(isotropic(4.2e9, 0.5, 4.5e-5));
+  expectNoModel(fitUnidirectional(item.fiberFraction, incompressible, isotropicMatrix()));
+}
+
+TEST(UnidirectionalFit, WithoutTargetsIsAForwardPrediction) {
+  FitCase item = publishedLaminae().front();
+  item.given.lamina = {};
+  const auto result = fitUnidirectional(item.fiberFraction, item.given, isotropicMatrix());
+  EXPECT_TRUE(identical(result.materials.fiber, item.given.fiber));
+  EXPECT_TRUE(identical(result.materials.matrix, item.given.matrix));
+  const auto lamina = homogenise(transverselyIsotropic(item.given.fiber),
+                                 transverselyIsotropic(item.given.matrix),
+                                 item.fiberFraction)
+                          .effective;
+  EXPECT_TRUE(identical(result.materials.lamina, properties(lamina)));
+  for (const FitSummary& summary : {result.mechanical, result.thermal}) {
+    EXPECT_EQ(summary.initialError, 0.0);
+    EXPECT_EQ(summary.finalError, 0.0);
+    EXPECT_EQ(summary.iterations, 0);
+  }
 }
 
 TEST(UnidirectionalFit, TargetsInWrongUnitsStayFinite) {
   const FitCase item = publishedLaminae().front();
   for (const double factor : {1e-9, 1e-6, 1e-3, 1e3, 1e6, 1e9, 1e100, 1e-100}) {
-    UnidirectionalMaterials given = item.given;
+    FittedMaterials given = item.given;
     given.lamina.e11 *= factor;
     given.lamina.e22 *= factor;
     given.lamina.g12 *= factor;
@@ -441,30 +508,16 @@ TEST(UnidirectionalFit, TargetsInWrongUnitsStayFinite) {
   }
 }
 
-// Whatever goes in: it ends, and what comes out is admissible or what went in.
-TEST(UnidirectionalFit, ExpansionsThatOverflowLeaveTheLaminasAsGiven) {
+TEST(UnidirectionalFit, NumbersBeyondTheModelGiveNoNumbers) {
   const FitCase item = publishedLaminae().front();
   for (const double huge : {1e300, -1e305, std::numeric_limits<double>::max()}) {
-    UnidirectionalMaterials given = item.given;
+    FittedMaterials given = item.given;
     given.fiber.a11 = given.fiber.a22 = given.fiber.a33 = huge;
-    const auto result = fitUnidirectional(item.fiberFraction, given, isotropicMatrix());
-    EXPECT_LT(result.mechanical.finalError, 1e-6) << huge;
-    EXPECT_TRUE(isAdmissible(result.materials.lamina)) << huge;
-    EXPECT_EQ(result.materials.lamina.a11, given.lamina.a11) << huge;
-    EXPECT_EQ(result.materials.lamina.a22, given.lamina.a22) << huge;
-    EXPECT_EQ(result.materials.fiber.a11, huge);
-    EXPECT_EQ(result.thermal.iterations, 0) << huge;
+    expectNoModel(fitUnidirectional(item.fiberFraction, given, isotropicMatrix()));
   }
-}
-
-TEST(UnidirectionalFit, ModuliThatOverflowLeaveTheLaminaAsGiven) {
-  const FitCase item = publishedLaminae().front();
-  UnidirectionalMaterials given = item.given;
-  given.fiber = properties(isotropic(1e308, 0.2, 5e-6));
-  const auto result = fitUnidirectional(item.fiberFraction, given, isotropicMatrix());
-  expectUntouched(given, result);
-  EXPECT_EQ(result.materials.lamina.e11, given.lamina.e11);
-  EXPECT_EQ(result.materials.lamina.a22, given.lamina.a22);
+  FittedMaterials stiff = item.given;
+  stiff.fiber = properties(isotropic(1e308, 0.2, 5e-6));
+  expectNoModel(fitUnidirectional(item.fiberFraction, stiff, isotropicMatrix()));
 }
 
 double absurdNumber(test::RandomMaterials& random) {
@@ -491,7 +544,7 @@ double absurdNumber(test::RandomMaterials& random) {
 }
 
 /// Absurd numbers in the place of one in seven.
-UnidirectionalMaterials spoiled(UnidirectionalMaterials materials, test::RandomMaterials& random) {
+FittedMaterials spoiled(FittedMaterials materials, test::RandomMaterials& random) {
   for (Properties* set : {&materials.lamina, &materials.fiber, &materials.matrix}) {
     for (const auto member : kPropertyOrder<double>) {
       if (random.uniform(0.0, 1.0) < 0.15) {
@@ -502,15 +555,16 @@ UnidirectionalMaterials spoiled(UnidirectionalMaterials materials, test::RandomM
   return materials;
 }
 
+// Whatever goes in: it ends, and what comes out is admissible or no number at all.
 TEST(UnidirectionalFit, SurvivesNonsense) {
   test::RandomMaterials random(45);
   const FitCase sensible = publishedLaminae().front();
   int fitted = 0;
   for (int i = 0; i < 4000; ++i) {
-    const UnidirectionalMaterials given = spoiled(sensible.given, random);
+    const FittedMaterials given = spoiled(sensible.given, random);
     const auto result = fitUnidirectional(random.uniform(0.0, 1.0), given, {});
     if (result.mechanical.termination == Termination::failed) {
-      expectUntouched(given, result);
+      expectNoModel(result);
       continue;
     }
     ++fitted;
