@@ -69,21 +69,49 @@ void dot(const std::int64_t count, const double* const a, const double* const b,
   sums[1] = first[1] + first[3];
 }
 
-// Rows of scratch, each long enough for a row of nodes, its periodic continuation and the excess
-// of the last vector.
-struct Rows {
-  double* base;
-  std::int64_t length;
-  double* operator()(const int row) const { return base + row * length; }
-};
-
 constexpr int kBefore = 4;  // room for the voxel before the first, keeping alignment
-constexpr int kSumRows = 0, kDifferenceRows = 6, kStrainRows = 12, kStressRows = 18,
-              kCarryRows = 24, kFirstRows = 36, kRowCount = 42;
+constexpr int kRowCount = 36;
 
+// Each row of scratch is long enough for a row of nodes, its periodic continuation and the excess
+// of the last vector.
 constexpr std::int64_t rowLength(const int n3) {
   return kBefore + 2 * n3 + 3 * kWidth;
 }
+
+// The rows of scratch of a plane job, in units of one row of nodes or voxels.
+struct Rows {
+  double* sum[2][3];         ///< far plus near nodes, of this and the next row of nodes
+  double* difference[2][3];  ///< far minus near nodes, likewise
+  double* strain[6];
+  double* stress[6];  ///< kBefore into the row
+  double* along[3];   ///< forces that a row of voxels leaves to the next row of nodes: of strains
+  double* across[3];  ///< along axes 2 and 3, and along axis 1
+  double* firstAlong[3];  ///< those on the first row of nodes, which waits for the last voxels
+  double* firstAcross[3];
+
+  explicit Rows(const PlaneJob& job) {
+    double* next = job.scratch;
+    const std::int64_t length = rowLength(job.n3);
+    const auto take = [&](double** const rows, const int count) {
+      for (int i = 0; i < count; ++i, next += length) {
+        rows[i] = next;
+      }
+    };
+    take(sum[0], 3);
+    take(sum[1], 3);
+    take(difference[0], 3);
+    take(difference[1], 3);
+    take(strain, 6);
+    take(stress, 6);
+    take(along, 3);
+    take(across, 3);
+    take(firstAlong, 3);
+    take(firstAcross, 3);
+    for (double*& row : stress) {
+      row += kBefore;
+    }
+  }
+};
 
 inline std::int64_t rowStart(const PlaneJob& job, const int component, const int j) {
   return component * job.componentStride + std::int64_t{2} * j * job.n3;
@@ -100,8 +128,8 @@ inline void foldPlanes(const PlaneJob& job, const int j, const Rows& rows, const
   for (int c = 0; c < 3; ++c) {
     const double* const nearRow = job.nearNodes + rowStart(job, c, j);
     const double* const farNodes = job.farNodes + rowStart(job, c, farRow(job, j));
-    double* const sum = rows(kSumRows + 3 * slot + c);
-    double* const difference = rows(kDifferenceRows + 3 * slot + c);
+    double* const sum = rows.sum[slot][c];
+    double* const difference = rows.difference[slot][c];
     for (int t = 0; t < m; t += kWidth) {
       const Vec u = load(nearRow + t);
       const Vec v = load(farNodes + t);
@@ -142,25 +170,25 @@ inline void strainRow(const PlaneJob& job, const Rows& rows, const int slot) {
   for (int t = 0; t < m; t += kWidth) {
     Gradient g[3];
     for (int c = 0; c < 3; ++c) {
-      g[c] = gradientAt(rows(kSumRows + 3 * slot + c),
-                        rows(kSumRows + 3 * other + c),
-                        rows(kDifferenceRows + 3 * slot + c),
-                        rows(kDifferenceRows + 3 * other + c),
+      g[c] = gradientAt(rows.sum[slot][c],
+                        rows.sum[other][c],
+                        rows.difference[slot][c],
+                        rows.difference[other][c],
                         t,
                         scale);
     }
-    store(rows(kStrainRows) + t, g[0].d1);
-    store(rows(kStrainRows + 1) + t, g[1].d2);
-    store(rows(kStrainRows + 2) + t, g[2].d3);
-    store(rows(kStrainRows + 3) + t, g[0].d2 + g[1].d1);
-    store(rows(kStrainRows + 4) + t, g[0].d3 + g[2].d1);
-    store(rows(kStrainRows + 5) + t, g[1].d3 + g[2].d2);
+    store(rows.strain[0] + t, g[0].d1);
+    store(rows.strain[1] + t, g[1].d2);
+    store(rows.strain[2] + t, g[2].d3);
+    store(rows.strain[3] + t, g[0].d2 + g[1].d1);
+    store(rows.strain[4] + t, g[0].d3 + g[2].d1);
+    store(rows.strain[5] + t, g[1].d3 + g[2].d2);
   }
 }
 
 inline void addUnitStrain(const PlaneJob& job, const Rows& rows) {
   for (int c = 0; c < 6; ++c) {
-    double* const strain = rows(kStrainRows + c);
+    double* const strain = rows.strain[c];
     const Vec unit = twice(job.load->strain[c]);
     for (int t = 0; t < 2 * job.n3; t += kWidth) {
       store(strain + t, load(strain + t) + unit);
@@ -170,24 +198,23 @@ inline void addUnitStrain(const PlaneJob& job, const Rows& rows) {
 
 inline void stressOfRun(const double* const c, const Rows& rows, const int from, const int to) {
   for (int t = from; t < to; t += kWidth) {
-    const Vec e0 = load(rows(kStrainRows) + t);
-    const Vec e1 = load(rows(kStrainRows + 1) + t);
-    const Vec e2 = load(rows(kStrainRows + 2) + t);
-    const Vec e3 = load(rows(kStrainRows + 3) + t);
-    const Vec e4 = load(rows(kStrainRows + 4) + t);
-    const Vec e5 = load(rows(kStrainRows + 5) + t);
-    const int at = kBefore + t;
-    store(rows(kStressRows) + at,
+    const Vec e0 = load(rows.strain[0] + t);
+    const Vec e1 = load(rows.strain[1] + t);
+    const Vec e2 = load(rows.strain[2] + t);
+    const Vec e3 = load(rows.strain[3] + t);
+    const Vec e4 = load(rows.strain[4] + t);
+    const Vec e5 = load(rows.strain[5] + t);
+    store(rows.stress[0] + t,
           (c[0] * e0 + c[1] * e1 + c[2] * e2) + (c[3] * e3 + c[4] * e4 + c[5] * e5));
-    store(rows(kStressRows + 1) + at,
+    store(rows.stress[1] + t,
           (c[1] * e0 + c[6] * e1 + c[7] * e2) + (c[8] * e3 + c[9] * e4 + c[10] * e5));
-    store(rows(kStressRows + 2) + at,
+    store(rows.stress[2] + t,
           (c[2] * e0 + c[7] * e1 + c[11] * e2) + (c[12] * e3 + c[13] * e4 + c[14] * e5));
-    store(rows(kStressRows + 3) + at,
+    store(rows.stress[3] + t,
           (c[3] * e0 + c[8] * e1 + c[12] * e2) + (c[15] * e3 + c[16] * e4 + c[17] * e5));
-    store(rows(kStressRows + 4) + at,
+    store(rows.stress[4] + t,
           (c[4] * e0 + c[9] * e1 + c[13] * e2) + (c[16] * e3 + c[18] * e4 + c[19] * e5));
-    store(rows(kStressRows + 5) + at,
+    store(rows.stress[5] + t,
           (c[5] * e0 + c[10] * e1 + c[14] * e2) + (c[17] * e3 + c[19] * e4 + c[20] * e5));
   }
 }
@@ -199,7 +226,7 @@ inline void relieveThermalStress(const double* const thermalStress,
                                  const int to) {
   const Vec temperatures = twice(temperature);
   for (int c = 0; c < 6; ++c) {
-    double* const stress = rows(kStressRows + c) + kBefore;
+    double* const stress = rows.stress[c];
     for (int t = from; t < to; t += kWidth) {
       store(stress + t, load(stress + t) - thermalStress[c] * temperatures);
     }
@@ -224,7 +251,7 @@ inline void stressRow(const PlaneJob& job, const int j, const Rows& rows) {
     }
   }
   for (int c = 0; c < 6; ++c) {
-    double* const stress = rows(kStressRows + c) + kBefore;
+    double* const stress = rows.stress[c];
     storePair(stress - 2, loadPair(stress + m - 2));
   }
 }
@@ -252,33 +279,28 @@ struct ForceRow {
 // Which stress components make the force components along axes 1, 2, 3.
 constexpr int kTraction[3][3] = {{0, 3, 4}, {3, 1, 5}, {4, 5, 2}};
 
-// Forces of voxel row j on node row j, together with what row j - 1 left in the carry rows. Node
+// Forces of voxel row j on node row j, together with what row j - 1 left to it. Node
 // row 0 waits for the last voxel row, so that every force is stored in one piece.
 inline void forceRow(const PlaneJob& job, const int j, const Rows& rows) {
   const int m = 2 * job.n3;
-  const int newCarry = kCarryRows + 6 * (j & 1);
-  const int oldCarry = kCarryRows + 6 * (1 - (j & 1));
   for (int c = 0; c < 3; ++c) {
-    const double* const s1 = rows(kStressRows + kTraction[c][0]) + kBefore;
-    const double* const s2 = rows(kStressRows + kTraction[c][1]) + kBefore;
-    const double* const s3 = rows(kStressRows + kTraction[c][2]) + kBefore;
+    const double* const s1 = rows.stress[kTraction[c][0]];
+    const double* const s2 = rows.stress[kTraction[c][1]];
+    const double* const s3 = rows.stress[kTraction[c][2]];
     const ForceRow forces(job, c, j);
     for (int t = 0; t < m; t += kWidth) {
       const Vec x = job.scale[0] * (load(s1 + t - 2) + load(s1 + t));
       const Vec y = job.scale[1] * (load(s2 + t - 2) + load(s2 + t));
       const Vec z = job.scale[2] * (load(s3 + t - 2) - load(s3 + t));
-      store(rows(newCarry + c) + t, z + y);
-      store(rows(newCarry + 3 + c) + t, x);
-      Vec across = x;
-      Vec along = z - y;
+      const Vec along = z - y;
       if (j == 0) {
-        store(rows(kFirstRows + c) + t, along);
-        store(rows(kFirstRows + 3 + c) + t, across);
-        continue;
+        store(rows.firstAlong[c] + t, along);
+        store(rows.firstAcross[c] + t, x);
+      } else {
+        forces.put(t, along + load(rows.along[c] + t), x + load(rows.across[c] + t));
       }
-      along += load(rows(oldCarry + c) + t);
-      across += load(rows(oldCarry + 3 + c) + t);
-      forces.put(t, along, across);
+      store(rows.along[c] + t, z + y);
+      store(rows.across[c] + t, x);
     }
   }
 }
@@ -286,19 +308,18 @@ inline void forceRow(const PlaneJob& job, const int j, const Rows& rows) {
 // Node row 0: voxel row 0 and the last one.
 inline void closeFirstRow(const PlaneJob& job, const Rows& rows) {
   const int m = 2 * job.n3;
-  const int carry = kCarryRows + 6 * ((job.n2 - 1) & 1);
   for (int c = 0; c < 3; ++c) {
     const ForceRow forces(job, c, 0);
     for (int t = 0; t < m; t += kWidth) {
-      const Vec along = load(rows(kFirstRows + c) + t) + load(rows(carry + c) + t);
-      const Vec across = load(rows(kFirstRows + 3 + c) + t) + load(rows(carry + 3 + c) + t);
+      const Vec along = load(rows.firstAlong[c] + t) + load(rows.along[c] + t);
+      const Vec across = load(rows.firstAcross[c] + t) + load(rows.across[c] + t);
       forces.put(t, along, across);
     }
   }
 }
 
 void voxelPlane(const PlaneJob& job) {
-  const Rows rows{job.scratch, rowLength(job.n3)};
+  const Rows rows(job);
   foldPlanes(job, 0, rows, 0);
   for (int j = 0; j < job.n2; ++j) {
     const int slot = j & 1;
@@ -319,119 +340,188 @@ inline int opposite(const SpectralJob& job, const int k1) {
   return index < 0 ? index + job.n1 : index;
 }
 
-// Inverse of the reference stiffness at the wave vectors (k1, +-k2, all k3): six rows of n3.
-inline void inverseRow(const SpectralJob& job, const int row, const int k1, double* const out) {
-  const std::int64_t at = row == 0 ? k1 : opposite(job, k1);
-  const double sign = row == 0 ? 1.0 : -1.0;
-  const double s1 = sign * job.axis1[2 * at];
-  const double c1 = job.axis1[2 * at + 1];
-  const double sin2 = sign * job.axis2[0];
-  const double c2 = job.axis2[1];
-  const double* const c = job.reference;
-  const std::int64_t n3 = job.n3;
-  for (std::int64_t k = 0; k < n3; ++k) {
-    const double s3 = job.axis3[2 * k];
-    const double c3 = job.axis3[2 * k + 1];
-    const double q1 = job.scale[0] * s1 * c2 * c3;
-    const double q2 = job.scale[1] * c1 * sin2 * c3;
-    const double q3 = job.scale[2] * c1 * c2 * s3;
-    const double a = q1 * q1;
-    const double b = q2 * q2;
-    const double d = q3 * q3;
-    const double k11 = c[0] * a + c[6] * b + c[7] * d;
-    const double k22 = c[6] * a + c[1] * b + c[8] * d;
-    const double k33 = c[7] * a + c[8] * b + c[2] * d;
-    const double k12 = (c[3] + c[6]) * q1 * q2;
-    const double k13 = (c[4] + c[7]) * q1 * q3;
-    const double k23 = (c[5] + c[8]) * q2 * q3;
-    const double m11 = k22 * k33 - k23 * k23;
-    const double m12 = k13 * k23 - k12 * k33;
-    const double m13 = k12 * k23 - k13 * k22;
-    const double determinant = k11 * m11 + k12 * m12 + k13 * m13;
-    const bool carries = a + b + d > job.nullMode;
-    const double factor = carries ? job.normalisation / (carries ? determinant : 1.0) : 0.0;
-    out[k] = factor * m11;
-    out[n3 + k] = factor * (k11 * k33 - k13 * k13);
-    out[2 * n3 + k] = factor * (k11 * k22 - k12 * k12);
-    out[3 * n3 + k] = factor * m12;
-    out[4 * n3 + k] = factor * m13;
-    out[5 * n3 + k] = factor * (k12 * k13 - k11 * k23);
-  }
-}
-
-// The lanes are the real and the imaginary part of one complex field, so in Fourier space a lane
-// is a combination of a wave vector and its opposite: lane 0 has (f(k) + conj f(-k)) / 2.
-inline void lowerResidual(const SpectralJob& job, const int row, const int k1) {
-  const double mean = (job.step[0] + job.step[1]) / 2;
-  const double half = (job.step[0] - job.step[1]) / 2;
-  const Pair conjugate = {half, -half};
-  for (int c = 0; c < 3; ++c) {
-    const std::int64_t component = std::int64_t{c} * job.n1 * job.n3;
-    double* const r = job.residual[row] + 2 * (component + std::int64_t{k1} * job.n3);
-    const double* const f = job.force[row] + 2 * (component + std::int64_t{k1} * job.n3);
-    const double* const g =
-        job.force[1 - row] + 2 * (component + std::int64_t{opposite(job, k1)} * job.n3);
-    storePair(r, loadPair(r) - mean * loadPair(f) - conjugate * loadPair(g));
-    for (std::int64_t k = 1; k < job.n3; ++k) {
-      storePair(r + 2 * k,
-                loadPair(r + 2 * k) - mean * loadPair(f + 2 * k) -
-                    conjugate * loadPair(g + 2 * (job.n3 - k)));
-    }
-  }
-}
-
-struct PairSums {
-  Pair total;
-  Pair difference;
+// Inverse of the reference stiffness at the wave vectors of two neighbouring k3, each number twice.
+struct Inverse {
+  Vec i11, i22, i33, i12, i13, i23;
 };
 
-inline void descend(const SpectralJob& job,
-                    const int row,
-                    const int k1,
-                    const double* const inverse,
-                    PairSums& sums) {
-  const std::int64_t n3 = job.n3;
-  const std::int64_t component = 2 * n3 * job.n1;
-  const double* const r = job.residual[row] + 2 * n3 * k1;
-  const double* const g = job.residual[1 - row] + 2 * n3 * opposite(job, k1);
-  double* const f = job.force[row] + 2 * n3 * k1;
-  for (std::int64_t k = 0; k < n3; ++k) {
-    const std::int64_t mirrored = k == 0 ? 0 : n3 - k;
-    const Pair r1 = loadPair(r + 2 * k);
-    const Pair r2 = loadPair(r + component + 2 * k);
-    const Pair r3 = loadPair(r + 2 * component + 2 * k);
-    const double i12 = inverse[3 * n3 + k];
-    const double i13 = inverse[4 * n3 + k];
-    const double i23 = inverse[5 * n3 + k];
-    const Pair z1 = inverse[k] * r1 + i12 * r2 + i13 * r3;
-    const Pair z2 = i12 * r1 + inverse[n3 + k] * r2 + i23 * r3;
-    const Pair z3 = i13 * r1 + i23 * r2 + inverse[2 * n3 + k] * r3;
-    storePair(f + 2 * k, z1);
-    storePair(f + component + 2 * k, z2);
-    storePair(f + 2 * component + 2 * k, z3);
-    sums.total += z1 * r1 + z2 * r2 + z3 * r3;
-    sums.difference += z1 * loadPair(g + 2 * mirrored) +
-                       z2 * loadPair(g + component + 2 * mirrored) +
-                       z3 * loadPair(g + 2 * component + 2 * mirrored);
+// The wave vectors of one k1 and k2 but for the factors of k3: (first cos, second cos, third sin).
+struct WaveRow {
+  double first, second, third;
+};
+
+inline WaveRow waveRow(const SpectralJob& job, const int k1) {
+  const double s1 = job.axis1[2 * k1];
+  const double c1 = job.axis1[2 * k1 + 1];
+  const double s2 = job.axis2[0];
+  const double c2 = job.axis2[1];
+  return {job.scale[0] * s1 * c2, job.scale[1] * c1 * s2, job.scale[2] * c1 * c2};
+}
+
+inline Inverse inverseAt(const SpectralJob& job, const WaveRow& row, const std::int64_t k) {
+  const double* const c = job.reference;
+  const Vec s3 = load(job.axis3 + 2 * k);
+  const Vec c3 = load(job.axis3 + 2 * (job.n3 + 1) + 2 * k);
+  const Vec q1 = row.first * c3;
+  const Vec q2 = row.second * c3;
+  const Vec q3 = row.third * s3;
+  const Vec a = q1 * q1;
+  const Vec b = q2 * q2;
+  const Vec d = q3 * q3;
+  const Vec k11 = c[0] * a + c[6] * b + c[7] * d;
+  const Vec k22 = c[6] * a + c[1] * b + c[8] * d;
+  const Vec k33 = c[7] * a + c[8] * b + c[2] * d;
+  const Vec k12 = (c[3] + c[6]) * q1 * q2;
+  const Vec k13 = (c[4] + c[7]) * q1 * q3;
+  const Vec k23 = (c[5] + c[8]) * q2 * q3;
+  const Vec m11 = k22 * k33 - k23 * k23;
+  const Vec m12 = k13 * k23 - k12 * k33;
+  const Vec m13 = k12 * k23 - k13 * k22;
+  const Vec determinant = k11 * m11 + k12 * m12 + k13 * m13;
+  const Vec none{};
+  const auto carries = a + b + d > none + job.nullMode;
+  const Vec factor = carries ? job.normalisation / (carries ? determinant : none + 1.0) : none;
+  return {factor * m11,
+          factor * (k11 * k33 - k13 * k13),
+          factor * (k11 * k22 - k12 * k12),
+          factor * m12,
+          factor * m13,
+          factor * (k12 * k13 - k11 * k23)};
+}
+
+// A row of all k3 and the row of the opposite wave vectors: three components each, `stride` doubles
+// apart.
+struct OppositeRows {
+  double* residual;
+  double* force;
+  std::int64_t stride;
+  double* oppositeResidual;
+  double* oppositeForce;
+  std::int64_t oppositeStride;
+};
+
+// Numbers k and k + 1 of a row; kLast: the last and the first.
+template <bool kLast>
+inline Vec loadTwo(const double* const row, const std::int64_t k) {
+  if constexpr (kLast) {
+    return __builtin_shufflevector(loadPair(row + 2 * k), loadPair(row), 0, 1, 2, 3);
+  } else {
+    return load(row + 2 * k);
   }
+}
+
+template <bool kLast>
+inline void storeTwo(double* const row, const std::int64_t k, const Vec value) {
+  if constexpr (kLast) {
+    storePair(row + 2 * k, __builtin_shufflevector(value, value, 0, 1));
+    storePair(row, __builtin_shufflevector(value, value, 2, 3));
+  } else {
+    store(row + 2 * k, value);
+  }
+}
+
+inline Vec exchanged(const Vec value) {
+  return __builtin_shufflevector(value, value, 2, 3, 0, 1);
+}
+
+struct VecSums {
+  Vec total{};
+  Vec difference{};
+};
+
+// Residual and descent direction at k and k + 1, and at their opposites n3 - k and n3 - k - 1.
+//
+// The lanes are the real and the imaginary part of one complex field, so in Fourier space a lane
+// is a combination of a wave vector and its opposite: lane 0 has (f(k) + conj f(-k)) / 2.
+template <bool kLast>
+inline void descend(const SpectralJob& job,
+                    const WaveRow& wave,
+                    const OppositeRows& rows,
+                    const std::int64_t k,
+                    VecSums& sums) {
+  const double mean = (job.step[0] + job.step[1]) / 2;
+  const double half = (job.step[0] - job.step[1]) / 2;
+  const Vec conjugate = {half, -half, half, -half};
+  const std::int64_t mirrored = 2 * (job.n3 - k - 1);
+  Vec r[3];
+  Vec s[3];
+  for (int c = 0; c < 3; ++c) {
+    double* const residual = rows.residual + c * rows.stride;
+    double* const opposite = rows.oppositeResidual + c * rows.oppositeStride + mirrored;
+    const Vec f = loadTwo<kLast>(rows.force + c * rows.stride, k);
+    const Vec g = exchanged(load(rows.oppositeForce + c * rows.oppositeStride + mirrored));
+    r[c] = loadTwo<kLast>(residual, k) - mean * f - conjugate * g;
+    s[c] = exchanged(load(opposite)) - mean * g - conjugate * f;
+    storeTwo<kLast>(residual, k, r[c]);
+    store(opposite, exchanged(s[c]));
+  }
+  const Inverse i = inverseAt(job, wave, k);
+  const Vec z[3] = {i.i11 * r[0] + i.i12 * r[1] + i.i13 * r[2],
+                    i.i12 * r[0] + i.i22 * r[1] + i.i23 * r[2],
+                    i.i13 * r[0] + i.i23 * r[1] + i.i33 * r[2]};
+  const Vec y[3] = {i.i11 * s[0] + i.i12 * s[1] + i.i13 * s[2],
+                    i.i12 * s[0] + i.i22 * s[1] + i.i23 * s[2],
+                    i.i13 * s[0] + i.i23 * s[1] + i.i33 * s[2]};
+  for (int c = 0; c < 3; ++c) {
+    storeTwo<kLast>(rows.force + c * rows.stride, k, z[c]);
+    store(rows.oppositeForce + c * rows.oppositeStride + mirrored, exchanged(y[c]));
+    sums.total += z[c] * r[c] + y[c] * s[c];
+    sums.difference += z[c] * s[c];
+  }
+}
+
+inline void descendRows(const SpectralJob& job,
+                        const int k1,
+                        const OppositeRows& rows,
+                        const double weight,
+                        SpectralSums& sums) {
+  const WaveRow wave = waveRow(job, k1);
+  VecSums own;
+  for (std::int64_t k = 1; k + 1 < job.n3; k += 2) {
+    descend<false>(job, wave, rows, k, own);
+  }
+  descend<true>(job, wave, rows, job.n3 - 1, own);
+  sums.total += weight * ((own.total[0] + own.total[1]) + (own.total[2] + own.total[3]));
+  sums.difference +=
+      2 * weight *
+      ((own.difference[0] - own.difference[1]) + (own.difference[2] - own.difference[3]));
+}
+
+// A row that is its own opposite meets a copy of itself, and counts half.
+inline OppositeRows withCopy(const SpectralJob& job, const OppositeRows& rows) {
+  const std::int64_t line = std::int64_t{2} * job.n3;
+  double* const residual = job.scratch;
+  double* const force = job.scratch + 3 * line;
+  for (int c = 0; c < 3; ++c) {
+    __builtin_memcpy(residual + c * line,
+                     rows.residual + c * rows.stride,
+                     static_cast<std::size_t>(line) * sizeof(double));
+    __builtin_memcpy(force + c * line,
+                     rows.force + c * rows.stride,
+                     static_cast<std::size_t>(line) * sizeof(double));
+  }
+  return {rows.residual, rows.force, rows.stride, residual, force, line};
 }
 
 void spectral(const SpectralJob& job, SpectralSums* const sums) {
   const bool single = job.force[0] == job.force[1];
-  for (int row = 0; row < (single ? 1 : 2); ++row) {
-    for (int k1 = 0; k1 < job.n1; ++k1) {
-      lowerResidual(job, row, k1);
+  const std::int64_t line = std::int64_t{2} * job.n3;
+  const std::int64_t stride = line * job.n1;
+  *sums = {};
+  for (int k1 = 0; k1 < job.n1; ++k1) {
+    const int other = opposite(job, k1);
+    const OppositeRows rows{job.residual[0] + k1 * line,
+                            job.force[0] + k1 * line,
+                            stride,
+                            job.residual[1] + other * line,
+                            job.force[1] + other * line,
+                            stride};
+    if (single && other == k1) {
+      descendRows(job, k1, withCopy(job, rows), 0.5, *sums);
+    } else if (!single || k1 < other) {
+      descendRows(job, k1, rows, 1.0, *sums);
     }
   }
-  PairSums pairs{};
-  for (int row = 0; row < (single ? 1 : 2); ++row) {
-    for (int k1 = 0; k1 < job.n1; ++k1) {
-      inverseRow(job, row, k1, job.scratch);
-      descend(job, row, k1, job.scratch, pairs);
-    }
-  }
-  sums->total = pairs.total[0] + pairs.total[1];
-  sums->difference = pairs.difference[0] - pairs.difference[1];
 }
 
 static_assert(planeScratch(8) == kRowCount * rowLength(8), "the rows fit the scratch");

@@ -21,7 +21,7 @@ constexpr int kStressSize = 6;
 
 /// Doubles of scratch that one plane job needs.
 constexpr std::int64_t planeScratch(const int n3) {
-  return 42 * (2 * std::int64_t{n3} + 16);
+  return 36 * (2 * std::int64_t{n3} + 16);
 }
 
 /// Unit load of the two lanes: strain[component][lane] and temperature[lane].
@@ -62,13 +62,13 @@ struct SpectralJob {
   double step[2] = {};
   const double* axis1 = nullptr;  ///< sin and cos of half the phase per k1 of row k2: [k1][2]
   int mirror = 0;                 ///< k1 of the opposite wave vector is mirror - k1 (cyclic)
-  const double* axis3 = nullptr;  ///< likewise per k3
+  const double* axis3 = nullptr;  ///< SpectralBasis::axis3
   double axis2[2] = {};           ///< sin and cos for k2 (for -k2 the sine is negative)
   double scale[3] = {};           ///< 2/h per axis
   double reference[9] = {};       ///< C11 C22 C33 C12 C13 C23 C1212 C1313 C2323
   double nullMode = 0.0;          ///< wave vectors with a smaller square carry no force
   double normalisation = 1.0;     ///< factor of the inverse
-  double* scratch = nullptr;      ///< 6 n3 doubles
+  double* scratch = nullptr;      ///< 12 n3 doubles
 };
 
 /// Sums over the frequencies of a job: residual * force per lane, in Fourier space.

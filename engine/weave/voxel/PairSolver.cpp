@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <utility>
 
 namespace kx {
@@ -26,22 +25,6 @@ std::pair<int, int> share(const int count, const std::size_t w, const int worker
   const auto begin = static_cast<long long>(count) * static_cast<long long>(w) / workers;
   const auto end = static_cast<long long>(count) * static_cast<long long>(w + 1) / workers;
   return {static_cast<int>(begin), static_cast<int>(end)};
-}
-
-// Copies complex numbers times (cosine + i sine).
-void turnedCopy(const double* const from,
-                const std::size_t count,
-                const double cosine,
-                const double sine,
-                double* const to) {
-  if (sine == 0.0 && cosine == 1.0) {
-    std::memcpy(to, from, count * sizeof(double));
-    return;
-  }
-  for (std::size_t t = 0; t < count; t += 2) {
-    to[t] = cosine * from[t] - sine * from[t + 1];
-    to[t + 1] = cosine * from[t + 1] + sine * from[t];
-  }
 }
 
 // Energy of the load in the mean material, summed over the nodes.
@@ -79,10 +62,13 @@ void PairSolver::prepare(const MaterialField& materials, const ThreadPool& team)
   const GridShape& shape = basis_->shape;
   const auto n3 = static_cast<std::size_t>(shape.n3);
   const auto planeSize = static_cast<std::size_t>(kernels::planeScratch(shape.n3));
-  const std::size_t spectralSize = (12 * static_cast<std::size_t>(shape.n1) + 6) * n3;
+  const std::size_t spectralSize = (12 * static_cast<std::size_t>(shape.n1) + 12) * n3;
+  const std::size_t transformSize =
+      std::max(basis_->plane.scratchSize(), basis_->lines.scratchSize(shape.n3));
   while (planeScratch_.size() < static_cast<std::size_t>(workersFor(shape, team))) {
     planeScratch_.emplace_back(planeSize);
     spectralScratch_.emplace_back(spectralSize);
+    transformScratch_.emplace_back(transformSize);
   }
   const Matrix6 c = materials.meanStiffness();
   reference_ = {c(k11, k11),
@@ -127,9 +113,10 @@ void PairSolver::planeForces(const MaterialField& materials,
 }
 
 // The forces of a plane are complete: into Fourier space along axes 2 and 3.
-void PairSolver::finishPlane(const int plane) {
+void PairSolver::finishPlane(const int plane, const std::size_t worker) {
   for (std::size_t c = 0; c < 3; ++c) {
-    basis_->plane->forward(force_.plane(plane) + c * force_.componentStride());
+    basis_->plane.forward(force_.plane(plane) + c * force_.componentStride(),
+                          transformScratch_[worker].data());
   }
 }
 
@@ -146,7 +133,7 @@ void PairSolver::unitForces(const MaterialField& materials,
     for (int plane = begin; plane < end; ++plane) {
       planeForces(materials, &load, nodes, plane, true, plane + 1 < end, w);
       sumPlane(start, plane);
-      finishPlane(plane);
+      finishPlane(plane, w);
     }
   });
 }
@@ -172,9 +159,11 @@ PairSolver::Lanes PairSolver::summedPlanes() const {
 void PairSolver::advancePlane(PairField& solution,
                               const Lanes& step,
                               const Lanes& turn,
-                              const int plane) {
+                              const int plane,
+                              const std::size_t worker) {
   for (std::size_t c = 0; c < 3; ++c) {
-    basis_->plane->backward(force_.plane(plane) + c * force_.componentStride());
+    basis_->plane.backward(force_.plane(plane) + c * force_.componentStride(),
+                           transformScratch_[worker].data());
   }
   kernels_.advance(static_cast<std::int64_t>(force_.planeStride()),
                    step.data(),
@@ -195,16 +184,16 @@ PairSolver::Lanes PairSolver::directionForces(const MaterialField& materials,
   const auto force = [&](const int plane, const bool farPart, const std::size_t w) {
     planeForces(materials, nullptr, direction_, plane, true, farPart, w);
     sumPlane(direction_, plane);
-    finishPlane(plane);
+    finishPlane(plane, w);
   };
   if (workers == 1) {
     // Plane by plane in one sweep, while a plane's numbers are still in the cache.
-    advancePlane(solution, step, turn, 0);
-    advancePlane(solution, step, turn, planes - 1);
+    advancePlane(solution, step, turn, 0, 0);
+    advancePlane(solution, step, turn, planes - 1, 0);
     planeForces(materials, nullptr, direction_, planes - 1, false, true, 0);
     for (int plane = 0; plane < planes; ++plane) {
       if (plane + 1 < planes - 1) {
-        advancePlane(solution, step, turn, plane + 1);
+        advancePlane(solution, step, turn, plane + 1, 0);
       }
       force(plane, plane + 1 < planes, 0);
     }
@@ -213,7 +202,7 @@ PairSolver::Lanes PairSolver::directionForces(const MaterialField& materials,
     team.forEach(count, [&](const std::size_t w) {
       const auto [begin, end] = share(planes, w, workers);
       for (int plane = begin; plane < end; ++plane) {
-        advancePlane(solution, step, turn, plane);
+        advancePlane(solution, step, turn, plane, w);
       }
     });
     team.forEach(count, [&](const std::size_t w) {
@@ -259,47 +248,30 @@ kernels::SpectralJob PairSolver::spectralJob(const int row,
   return job;
 }
 
-// Moves a row of wave numbers k2 between the planes and the block of a job, where its fields are
-// periodic along axis 1.
-void PairSolver::moveRow(const int row, const bool toBlock, const bool opposite, double* block) {
-  const auto lines = static_cast<std::size_t>(basis_->shape.n1);
-  const std::size_t line = 2 * static_cast<std::size_t>(basis_->shape.n3);
-  const double* const phases =
-      basis_->planePhases.data() + 2 * lines * static_cast<std::size_t>(row);
-  const int own = opposite ? basis_->shape.n2 - row : row;
-  for (std::size_t i = 0; i < lines; ++i) {
-    const double cosine = phases[2 * i];
-    const double sine = opposite ? -phases[2 * i + 1] : phases[2 * i + 1];
-    for (std::size_t c = 0; c < 3; ++c) {
-      double* const inBlock = block + (c * lines + i) * line;
-      double* const inPlane = force_.row(static_cast<int>(i), own, static_cast<int>(c));
-      if (toBlock) {
-        turnedCopy(inPlane, line, cosine, sine, inBlock);
-      } else {
-        turnedCopy(inBlock, line, cosine, -sine, inPlane);
-      }
-    }
-  }
-}
-
 void PairSolver::preconditionRow(const int row, const Lanes& step, const std::size_t worker) {
   const kernels::SpectralJob job = spectralJob(row, step, worker);
-  const std::size_t component =
-      2 * static_cast<std::size_t>(job.n1) * static_cast<std::size_t>(job.n3);
-  const std::size_t sides = job.force[0] == job.force[1] ? 1 : 2;
-  for (std::size_t side = 0; side < sides; ++side) {
-    moveRow(row, true, side == 1, job.force[side]);
-    for (std::size_t c = 0; c < 3; ++c) {
-      basis_->lines->forward(job.force[side] + c * component);
+  const std::ptrdiff_t line = std::ptrdiff_t{2} * job.n3;
+  const std::ptrdiff_t component = line * job.n1;
+  const auto planeStride = static_cast<std::ptrdiff_t>(force_.planeStride());
+  const int sides = job.force[0] == job.force[1] ? 1 : 2;
+  double* const scratch = transformScratch_[worker].data();
+  const auto transform = [&](const bool forward) {
+    for (int side = 0; side < sides; ++side) {
+      const int k2 = side == 0 ? row : basis_->shape.n2 - row;
+      for (int c = 0; c < 3; ++c) {
+        const fft::Lines planes{force_.row(0, k2, c), planeStride, 2};
+        const fft::Lines block{job.force[side] + c * component, line, 2};
+        if (forward) {
+          basis_->lines.forward(planes, block, job.n3, basis_->phasesOf(k2), scratch);
+        } else {
+          basis_->lines.backward(block, planes, job.n3, basis_->phasesOf(k2), scratch);
+        }
+      }
     }
-  }
+  };
+  transform(true);
   kernels_.spectral(job, &rowSums_[static_cast<std::size_t>(row)]);
-  for (std::size_t side = 0; side < sides; ++side) {
-    for (std::size_t c = 0; c < 3; ++c) {
-      basis_->lines->backward(job.force[side] + c * component);
-    }
-    moveRow(row, false, side == 1, job.force[side]);
-  }
+  transform(false);
 }
 
 // residual -= step * force, force = descent direction; the residual's squared energy norm.

@@ -61,7 +61,7 @@ class PairSolver {
                    bool nearPart,
                    bool farPart,
                    std::size_t worker);
-  void finishPlane(int plane);
+  void finishPlane(int plane, std::size_t worker);
   void unitForces(const MaterialField& materials,
                   const kernels::PairLoad& load,
                   const PairField& nodes,
@@ -74,11 +74,11 @@ class PairSolver {
                         const Lanes& step,
                         const Lanes& turn,
                         ThreadPool& team);
-  void advancePlane(PairField& solution, const Lanes& step, const Lanes& turn, int plane);
+  void advancePlane(
+      PairField& solution, const Lanes& step, const Lanes& turn, int plane, std::size_t worker);
   Lanes precondition(const Lanes& step, ThreadPool& team);
   void preconditionRow(int row, const Lanes& step, std::size_t worker);
   kernels::SpectralJob spectralJob(int row, const Lanes& step, std::size_t worker);
-  void moveRow(int row, bool toBlock, bool opposite, double* block);
   struct Progress;
   Progress begin(const MaterialField& materials,
                  const kernels::PairLoad& load,
@@ -107,8 +107,9 @@ class PairSolver {
   PairField direction_;    ///< conjugate direction
   AlignedArray residual_;  ///< transformed residual, [k2][component][k1][k3]
   std::array<double, 9> reference_{};
-  std::vector<AlignedArray> planeScratch_;     ///< per worker
-  std::vector<AlignedArray> spectralScratch_;  ///< per worker
+  std::vector<AlignedArray> planeScratch_;      ///< per worker
+  std::vector<AlignedArray> spectralScratch_;   ///< per worker
+  std::vector<AlignedArray> transformScratch_;  ///< per worker
   std::vector<std::array<double, 2>> planeSums_;
   std::vector<kernels::SpectralSums> rowSums_;
 };

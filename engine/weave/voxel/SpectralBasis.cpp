@@ -23,6 +23,18 @@ std::vector<double> halfPhases(const int n) {
   return phases;
 }
 
+std::vector<double> doubledHalfPhases(const int n) {
+  const std::vector<double> phases = halfPhases(n);
+  std::vector<double> doubled;
+  for (const std::size_t part : {std::size_t{0}, std::size_t{1}}) {
+    for (std::size_t k = 0; k < phases.size(); k += 2) {
+      doubled.insert(doubled.end(), 2, phases[k + part]);
+    }
+    doubled.insert(doubled.end(), 2, phases[part]);
+  }
+  return doubled;
+}
+
 // Turns per repeat along axis 1 of the fields of row k2, to be reduced to whole turns.
 double turnsOf(const GridShape& shape, const int row) {
   return -static_cast<double>(row) * shape.shift2 / shape.n2;
@@ -32,13 +44,15 @@ double turnsOf(const GridShape& shape, const int row) {
 
 SpectralBasis::SpectralBasis(const GridShape& gridShape)
     : shape(gridShape),
-      plane(Transform::plane(gridShape.n2, gridShape.n3)),
-      lines(Transform::interleaved(gridShape.n1, gridShape.n3)),
+      plane(gridShape.n2, gridShape.n3),
+      lines(gridShape.n1),
       axis2(halfPhases(gridShape.n2)),
-      axis3(halfPhases(gridShape.n3)) {
+      axis3(doubledHalfPhases(gridShape.n3)) {
   for (int row = 0; 2 * row <= shape.n2; ++row) {
-    const double turns = turnsOf(shape, row);
-    addHalfPhases(shape.n1, turns, axis1);
+    addHalfPhases(shape.n1, turnsOf(shape, row), axis1);
+  }
+  for (int k2 = 0; shape.shift2 > 0 && k2 < shape.n2; ++k2) {
+    const double turns = turnsOf(shape, 2 * k2 <= shape.n2 ? k2 : k2 - shape.n2);
     for (int i = 0; i < shape.n1; ++i) {
       planePhases.push_back(std::cos(-2 * kPi * turns * i / shape.n1));
       planePhases.push_back(std::sin(-2 * kPi * turns * i / shape.n1));
@@ -46,6 +60,10 @@ SpectralBasis::SpectralBasis(const GridShape& gridShape)
   }
   const double smallest = std::min({shape.h1, shape.h2, shape.h3});
   largestSquare = 4.0 / (smallest * smallest);
+}
+
+const double* SpectralBasis::phasesOf(const int k2) const {
+  return planePhases.empty() ? nullptr : planePhases.data() + std::ptrdiff_t{2} * k2 * shape.n1;
 }
 
 }  // namespace kx

@@ -1,0 +1,9 @@
+#include "fft/PassBodies.h"
+
+namespace kx::fft {
+
+RunPass avx2Pass() {
+  return runPass;
+}
+
+}  // namespace kx::fft
