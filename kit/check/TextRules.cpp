@@ -4,6 +4,10 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <utility>
+
+#include "abqinp/DeckLine.h"
+#include "abqinp/Keyword.h"
 
 namespace lamkit {
 
@@ -88,18 +92,13 @@ std::vector<Finding> oddCharacterOf(const std::string_view line, const std::size
   return {};
 }
 
-bool isComment(const std::string_view line) {
-  const std::size_t star = line.find('*');
-  return star != std::string_view::npos && line.substr(star).substr(0, 2) == "**";
-}
-
 void checkCharacters(std::string_view deck, std::vector<Finding>& findings) {
   std::size_t number = 0;
   while (!deck.empty()) {
     const std::size_t end = std::min(deck.find('\n'), deck.size());
     const std::string_view line = deck.substr(0, end);
     ++number;
-    if (!isComment(line)) {
+    if (!abqinp::isCommentLine(line)) {
       for (Finding& odd : oddCharacterOf(line, number)) {
         findings.push_back(std::move(odd));
       }
@@ -136,7 +135,69 @@ void checkLineEnds(const std::string_view deck, std::vector<Finding>& findings) 
                              "follows is read as one with it: save the deck with LF or CR LF"));
 }
 
+bool isBlank(const std::string_view text) {
+  return text.find_first_not_of(" \t\r\v\f") == std::string_view::npos;
+}
+
+/// Walks over lines, and knows the keyword that each belongs to.
+class LineCheck {
+ public:
+  void check(const std::string_view line) {
+    ++number_;
+    if (abqinp::isCommentLine(line)) {
+      checkComment(line);
+    } else if (abqinp::isKeywordLine(line)) {
+      checkKeyword(line);
+    } else if (keyword_.empty() && !isBlank(line) && !hasOrphan_) {
+      hasOrphan_ = true;
+      add(1, "missing-parent", "data before the first keyword are dropped: remove them");
+    }
+  }
+
+  std::vector<Finding> findings;
+
+ private:
+  void add(const std::size_t column, const char* const rule, const std::string& message) {
+    findings.push_back(finding(number_, column, rule, Severity::warning, message));
+    findings.back().keyword = keyword_;
+  }
+
+  void checkComment(const std::string_view line) {
+    const std::size_t star = line.find('*');
+    if (!isBlank(line.substr(0, star))) {
+      add(star + 1,
+          "trailing-comment",
+          "a comment takes its whole line" +
+              (keyword_.empty() ? std::string() : ", so that this one is lost for " + keyword_) +
+              ": put the comment on a line of its own");
+    }
+  }
+
+  void checkKeyword(const std::string_view line) {
+    const std::string name = abqinp::Keyword::fromLine(line).name();
+    if (name.empty()) {
+      add(line.find('*') + 1, "unknown-keyword", "a \"*\" without a name is no keyword: remove it");
+    } else {
+      keyword_ = name;
+    }
+  }
+
+  std::size_t number_ = 0;
+  std::string keyword_;
+  bool hasOrphan_ = false;
+};
+
 }  // namespace
+
+std::vector<Finding> checkLines(std::string_view deck) {
+  LineCheck lines;
+  while (!deck.empty()) {
+    const std::size_t end = std::min(deck.find('\n'), deck.size());
+    lines.check(deck.substr(0, end));
+    deck.remove_prefix(std::min(end + 1, deck.size()));
+  }
+  return std::move(lines.findings);
+}
 
 bool isTwoByteText(const std::string_view deck) noexcept {
   if (deck.substr(0, 2) == "\xFF\xFE" || deck.substr(0, 2) == "\xFE\xFF") {

@@ -12,6 +12,9 @@ namespace lamkit {
 /// "utf-16", "cr-only" and "odd-character". Members `file` are left empty.
 [[nodiscard]] std::vector<Finding> checkText(std::string_view deck);
 
+/// What the lines of a deck hide: "trailing-comment", and data or a "*" that belong to no keyword.
+[[nodiscard]] std::vector<Finding> checkLines(std::string_view deck);
+
 /// Whether the deck is two-byte text, of which the reader makes nothing; further findings would be
 /// noise.
 [[nodiscard]] bool isTwoByteText(std::string_view deck) noexcept;

@@ -75,6 +75,10 @@ class Keyword {
   [[nodiscard]] std::string parameterText(std::string_view name) const;
   /// The number that parameterText(name) starts with; an empty text is no number.
   [[nodiscard]] double parameterNumber(std::string_view name) const;
+  /// The names in the order in which they were written; one that was written twice stands twice.
+  [[nodiscard]] const std::vector<std::string>& parameterNames() const noexcept {
+    return parameterOrder_;
+  }
   /// Where the parameter stands whose value counts. Raises as parameter() does.
   [[nodiscard]] Place parameterPlace(std::string_view name) const;
 

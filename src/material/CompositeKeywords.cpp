@@ -1,8 +1,6 @@
 #include "material/CompositeKeywords.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -17,20 +15,6 @@
 namespace lamcraft::keywords {
 
 namespace {
-
-/// The composites that TYPE names; a unidirectional one has no harness.
-struct TypeRow {
-  const char* name;
-  std::int32_t harness;
-};
-constexpr std::int32_t kUnidirectional = 0;
-constexpr std::array<TypeRow, 5> kTypes{{
-    {"UNI", kUnidirectional},
-    {"PLAINWEAVE", 1},
-    {"4HSATIN", 4},
-    {"5HSATIN", 5},
-    {"8HSATIN", 8},
-}};
 
 std::unique_ptr<Composite> makeComposite(const std::string& type, const ConstituentTypes& types) {
   const auto* const row =

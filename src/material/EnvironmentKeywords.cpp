@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "abqinp/InputFileException.h"
 #include "material/VariationReaders.h"
@@ -42,18 +41,6 @@ void copyDefaults(const PropertySet& defaults, PropertySet& set) {
   set = defaults;
   set.kind = PropertySet::Kind::systemDefaults;
 }
-
-/// The symmetries that LAW names.
-struct LawRow {
-  std::string_view name;
-  Symmetry symmetry;
-};
-constexpr std::array<LawRow, 4> kLaws{{
-    {"ISO", Symmetry::isotropic},
-    {"TRANS12", Symmetry::transverse12},
-    {"TRANS23", Symmetry::transverse23},
-    {"ORTHO", Symmetry::orthotropic},
-}};
 
 Symmetry matrixLaw(const abqinp::Keyword& keyword) {
   if (!keyword.hasParameter("LAW")) {

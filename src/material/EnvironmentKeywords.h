@@ -1,11 +1,27 @@
 #ifndef LAMCRAFT_MATERIAL_ENVIRONMENTKEYWORDS_H
 #define LAMCRAFT_MATERIAL_ENVIRONMENTKEYWORDS_H
 
+#include <array>
+#include <string_view>
+
 #include "material/Interpretation.h"
+#include "model/PropertyTables.h"
 
 /// Handlers of ENVIRONMENT and of the keywords that fill the last environment. The latter throw
 /// the missing-parent exception when there is no environment yet.
 namespace lamcraft::keywords {
+
+/// The symmetries that LAW names.
+struct LawRow {
+  std::string_view name;
+  Symmetry symmetry;
+};
+inline constexpr std::array<LawRow, 4> kLaws{{
+    {"ISO", Symmetry::isotropic},
+    {"TRANS12", Symmetry::transverse12},
+    {"TRANS23", Symmetry::transverse23},
+    {"ORTHO", Symmetry::orthotropic},
+}};
 
 /// ENVIRONMENT: appends an environment.
 void onEnvironment(Interpretation& interpretation);

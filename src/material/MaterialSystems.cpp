@@ -8,28 +8,6 @@ namespace lamcraft {
 
 namespace {
 
-/// In the order of the library's numbers, which start at 1.
-constexpr std::array<std::string_view, 18> kSystems{
-    "CFRP",
-    "GFRP",
-    "KFRP",
-    "CFL-TSP",
-    "CFL-TPP",
-    "CFL-BMI",
-    "CFI-TSP",
-    "CFI-TPP",
-    "CFI-BMI",
-    "CFH-TSP",
-    "CFH-TPP",
-    "CFH-BMI",
-    "GF-TSP",
-    "GF-TPP",
-    "GF-BMI",
-    "KF-TSP",
-    "KF-TPP",
-    "KF-BMI",
-};
-
 struct TypeRow {
   std::string_view name;
   std::string_view type;
@@ -72,11 +50,11 @@ std::string_view typeOf(const std::array<TypeRow, Count>& rows, const std::strin
 }  // namespace
 
 std::optional<std::int32_t> materialSystemCode(const std::string_view name) noexcept {
-  const auto* const system = std::find(kSystems.begin(), kSystems.end(), name);
-  if (system == kSystems.end()) {
+  const auto* const system = std::find(kMaterialSystems.begin(), kMaterialSystems.end(), name);
+  if (system == kMaterialSystems.end()) {
     return std::nullopt;
   }
-  return static_cast<std::int32_t>(system - kSystems.begin()) + 1;
+  return static_cast<std::int32_t>(system - kMaterialSystems.begin()) + 1;
 }
 
 ConstituentTypes constituentTypes(const std::string_view systemName) {

@@ -10,16 +10,6 @@ namespace lamcraft {
 static_assert(std::is_nothrow_move_constructible_v<EnvironmentRecord>,
               "growing a list must move the records, not copy them");
 
-namespace {
-
-constexpr std::array<MoistureCondition, 3> kMoistureConditions{{
-    {0, "AMBIENT", "ambient"},
-    {1, "DRY", "dry"},
-    {2, "WET", "wet"},
-}};
-
-}  // namespace
-
 const MoistureCondition& moistureCondition(const std::string_view deckText) noexcept {
   const auto* const found = std::find_if(
       kMoistureConditions.begin(), kMoistureConditions.end(), [&](const MoistureCondition& row) {

@@ -21,6 +21,13 @@ struct MoistureCondition {
   const char* name;  ///< in the data files
 };
 
+/// All of them; the first one is that of a text that names none.
+inline constexpr std::array<MoistureCondition, 3> kMoistureConditions{{
+    {0, "AMBIENT", "ambient"},
+    {1, "DRY", "dry"},
+    {2, "WET", "wet"},
+}};
+
 /// The condition that the deck's text selects; ambient for any text that is none of the three.
 [[nodiscard]] const MoistureCondition& moistureCondition(std::string_view deckText) noexcept;
 

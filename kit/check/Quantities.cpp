@@ -1,0 +1,121 @@
+#include "check/Quantities.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "check/Wording.h"
+
+namespace lamkit {
+
+namespace {
+
+/// How far outside its range a value is no matter of material any more.
+constexpr double kAbsurd = 1e3;
+/// How far outside a single value is more likely in another unit than unusual.
+constexpr double kOtherUnit = 50.0;
+
+const Unit* fittingUnit(const QuantityGroup& group,
+                        const std::vector<const Quantity*>& quantities) {
+  constexpr double kSameUnit = 1e-3;
+  for (std::size_t i = 0; i < group.unitCount; ++i) {
+    const Unit& unit = group.units[i];
+    const bool fits =
+        std::all_of(quantities.begin(), quantities.end(), [&](const Quantity* const quantity) {
+          return std::abs(unit.factor / quantity->factor - 1.0) > kSameUnit &&
+                 quantity->range.holds(quantity->value * unit.factor);
+        });
+    if (fits) {
+      return &unit;
+    }
+  }
+  return nullptr;
+}
+
+/// The factor by which a value misses its range; infinite where the sign is another.
+double excess(const Quantity& quantity) {
+  const double value = quantity.base();
+  const Range& range = quantity.range;
+  const double bound = value > range.high ? range.high : range.low;
+  if (std::isfinite(value) && value * bound > 0.0) {
+    return std::max(value / bound, bound / value);
+  }
+  const double scale = std::max(std::abs(range.low), std::abs(range.high));
+  return std::abs(value) > scale ? std::abs(value) / scale : 1.0;
+}
+
+std::string usualText(const QuantityGroup& group, const Quantity& quantity) {
+  return group.owner + " have " +
+         shownRange(quantity.range.low / quantity.factor,
+                    quantity.range.high / quantity.factor,
+                    quantity.unit);
+}
+
+Figures figuresOf(const Quantity& quantity) {
+  return {shown(quantity.value, quantity.unit),
+          shownRange(quantity.range.low / quantity.factor,
+                     quantity.range.high / quantity.factor,
+                     quantity.unit)};
+}
+
+std::string isText(const Quantity& quantity) {
+  return (quantity.spot.keyword.empty() ? std::string() : quantity.spot.keyword + " ") +
+         quantity.name + " is " + shown(quantity.value, quantity.unit);
+}
+
+void addSlip(const QuantityGroup& group,
+             const Quantity& quantity,
+             const Unit& unit,
+             const std::size_t others,
+             Report& report) {
+  std::string message = isText(quantity) + ", " + usualText(group, quantity) +
+                        ": was it meant in " + std::string(unit.name) + "?";
+  if (others > 0) {
+    message += " So it would be with the " + std::to_string(others) + " other" +
+               (others == 1 ? "" : "s") + " of its kind";
+  }
+  report.add("unit-slip", Severity::error, quantity.spot, message, figuresOf(quantity));
+}
+
+void judgeSingle(const QuantityGroup& group, const Quantity& quantity, Report& report) {
+  const Unit* const unit = fittingUnit(group, {&quantity});
+  const double off = excess(quantity);
+  if (unit != nullptr && off >= kOtherUnit) {
+    addSlip(group, quantity, *unit, 0, report);
+    return;
+  }
+  report.add("implausible",
+             off >= kAbsurd ? Severity::error : Severity::warning,
+             quantity.spot,
+             isText(quantity) + ", " + usualText(group, quantity) + ": check it",
+             figuresOf(quantity));
+}
+
+}  // namespace
+
+bool judge(const QuantityGroup& group, Report& report) {
+  std::vector<const Quantity*> given;
+  std::vector<const Quantity*> unusual;
+  for (const Quantity& quantity : group.quantities) {
+    if (quantity.value != 0.0) {
+      given.push_back(&quantity);
+      if (!quantity.isUsual()) {
+        unusual.push_back(&quantity);
+      }
+    }
+  }
+  if (unusual.empty()) {
+    return false;
+  }
+  const Unit* const unit = fittingUnit(group, given);
+  if (unit != nullptr && (unusual.size() >= 2 || given.size() == 1)) {
+    addSlip(group, *unusual.front(), *unit, given.size() - 1, report);
+    return true;
+  }
+  for (const Quantity* const quantity : unusual) {
+    judgeSingle(group, *quantity, report);
+  }
+  return false;
+}
+
+}  // namespace lamkit

@@ -1,0 +1,299 @@
+#include "check/SetRules.h"
+
+#include <cmath>
+#include <string>
+
+#include "check/Forms.h"
+#include "check/Quantities.h"
+#include "check/Sets.h"
+#include "check/Wording.h"
+#include "model/UnitFactors.h"
+
+namespace lamkit {
+
+using lamcraft::Dimension;
+using lamcraft::Property;
+
+namespace {
+
+const char* ownerOf(const SetKind kind) {
+  switch (kind) {
+    case SetKind::ply:
+      return "plies";
+    case SetKind::weave:
+      return "woven plies";
+    case SetKind::fiber:
+      return "fibers";
+    case SetKind::matrix:
+      break;
+  }
+  return "matrices";
+}
+
+bool isTarget(const SetView& view) {
+  return view.kind == SetKind::ply || view.kind == SetKind::weave;
+}
+
+Dimension dimensionOf(const Property property) {
+  return lamcraft::kPropertyRows[indexOf(property)].dimension;
+}
+
+std::string labelOf(const Property property) {
+  return lamcraft::kPropertyRows[indexOf(property)].label;
+}
+
+/// The checks of one set.
+class SetCheck {
+ public:
+  SetCheck(const Reading& reading, const SetView& view, Report& report)
+      : view_(view),
+        report_(report),
+        families_(familiesOf(systemOf(reading))),
+        unitSystem_(reading.composite().unitSystem),
+        properties_(givenProperties(view.set->symmetry)) {}
+
+  /// Whether the set can be computed with.
+  bool run() {
+    if (!areWithinBounds()) {
+      return false;
+    }
+    const bool slipped = judgeUnits();
+    const bool admissible = isAdmissible();
+    return admissible && !slipped;
+  }
+
+ private:
+  static std::string systemOf(const Reading& reading) {
+    const abqinp::Keyword* const material = reading.last("MATERIAL");
+    return material != nullptr && material->hasParameter("SYSTEM")
+               ? material->parameterText("SYSTEM")
+               : std::string();
+  }
+
+  [[nodiscard]] std::string named(const Property property) const {
+    return std::string(view_.title) + " " + labelOf(property) + " is " +
+           shown(view_.value(property), unitOf(dimensionOf(property), unitSystem_));
+  }
+
+  void add(const char* rule, Severity severity, Property property, const std::string& what) {
+    report_.add(rule,
+                severity,
+                view_.spotOf(property),
+                named(property) + what,
+                {shown(view_.value(property), unitOf(dimensionOf(property), unitSystem_)), {}});
+  }
+
+  bool areWithinBounds() {
+    bool isGood = true;
+    for (const Property property : properties_) {
+      const double value = view_.value(property);
+      if (dimensionOf(property) == Dimension::stress) {
+        isGood = isModulus(property, value) && isGood;
+      } else if (dimensionOf(property) == Dimension::none) {
+        isGood = isRatio(property, value) && isGood;
+      }
+    }
+    return isGood;
+  }
+
+  bool isModulus(const Property property, const double value) {
+    if (value > 0.0 || (value == 0.0 && isTarget(view_))) {
+      return true;
+    }
+    add("out-of-range", Severity::error, property, ": a modulus is greater than 0");
+    return false;
+  }
+
+  /// Bounds that hold for every material: below 0.5 in an isotropic one, within 1 in a plane of
+  /// isotropy; the others depend on the moduli, and 1.5 is beyond all of them but those of
+  /// laminates.
+  bool isRatio(const Property property, const double value) {
+    const bool isIsotropic = view_.set->symmetry == lamcraft::Symmetry::isotropic;
+    const double high = isIsotropic ? 0.5 : (property == Property::v23 ? 1.0 : 1.5);
+    if (value > -1.0 && value < high) {
+      if (value < 0.0 && isTarget(view_)) {
+        add("out-of-range", Severity::warning, property, ", which counts as not given");
+      }
+      return true;
+    }
+    const bool isPercent = value > 1.0 && value <= 60.0;
+    add("out-of-range",
+        Severity::error,
+        property,
+        ", Poisson's ratios here are below " + shown(high) +
+            (isPercent ? ": was it meant in per cent?" : ": check the order of the values"));
+    return false;
+  }
+
+  QuantityGroup groupFor(const Dimension dimension) const {
+    return dimension == Dimension::stress ? groupOf(ownerOf(view_.kind), kStressUnits)
+           : dimension == Dimension::inverseTemperature
+               ? groupOf(ownerOf(view_.kind), kExpansionUnits)
+               : groupOf(ownerOf(view_.kind), kRatioUnits);
+  }
+
+  bool judgeUnits() {
+    const lamcraft::UnitFactors factors = lamcraft::unitFactors(unitSystem_);
+    bool slipped = false;
+    for (const Dimension dimension :
+         {Dimension::stress, Dimension::none, Dimension::inverseTemperature}) {
+      QuantityGroup group = groupFor(dimension);
+      for (const Property property : properties_) {
+        const double value = view_.value(property);
+        const bool isNotGiven = dimension == Dimension::none && value < 0.0 && isTarget(view_);
+        if (dimensionOf(property) == dimension && !isNotGiven) {
+          group.quantities.push_back({labelOf(property),
+                                      value,
+                                      factorOf(dimension, factors),
+                                      unitOf(dimension, unitSystem_),
+                                      propertyRange(view_.kind, families_, labelOf(property)),
+                                      view_.spotOf(property)});
+        }
+      }
+      slipped = judge(group, report_) || slipped;
+    }
+    return slipped;
+  }
+
+  [[nodiscard]] bool isGiven(const Property property) const { return view_.value(property) > 0.0; }
+
+  /// Of a target, what is given must go together; of a start set, all of it.
+  bool isAdmissible() {
+    if (view_.kind == SetKind::matrix || view_.kind == SetKind::fiber) {
+      if (kx::isAdmissible(view_.base)) {
+        return true;
+      }
+      addInadmissible();
+      return false;
+    }
+    return isTargetAdmissible();
+  }
+
+  void addInadmissible() {
+    report_.add("inadmissible",
+                Severity::error,
+                view_.spotOf(Property::e11),
+                std::string(view_.title) +
+                    " is no elastic solid: its energy is not positive for every strain, so moduli "
+                    "and Poisson's ratios do not go together");
+  }
+
+  /// v_ij^2 E_j / E_i < 1 for each pair that is given, and the determinant where all are.
+  bool isTargetAdmissible() {
+    const auto pair = [&](const Property ei, const Property ej, const Property v) {
+      return !isGiven(ei) || !isGiven(ej) || !isGiven(v) ||
+             view_.value(v) * view_.value(v) * view_.value(ej) < view_.value(ei);
+    };
+    bool isGood = pair(Property::e11, Property::e22, Property::v12);
+    if (view_.kind == SetKind::weave) {
+      isGood = isGood && pair(Property::e11, Property::e33, Property::v13) &&
+               pair(Property::e22, Property::e33, Property::v23);
+    }
+    bool isWhole = true;
+    for (const Property property : properties_) {
+      isWhole =
+          isWhole && (dimensionOf(property) == Dimension::inverseTemperature || isGiven(property));
+    }
+    if (isGood && (!isWhole || kx::isAdmissible(view_.base))) {
+      return true;
+    }
+    addInadmissible();
+    return false;
+  }
+
+  const SetView& view_;
+  Report& report_;
+  Families families_;
+  std::int32_t unitSystem_;
+  std::vector<Property> properties_;
+};
+
+void addSwapped(const Spot& spot, const Severity severity, Report& report, std::string message) {
+  report.add("swapped", severity, spot, std::move(message));
+}
+
+/// What the direction along the fiber must have more of than the one across it.
+void checkOrder(const SetViews& views, const bool isWoven, Report& report) {
+  const SetView& lamina = views.lamina;
+  const SetView& fiber = views.fiber;
+  const SetView& matrix = views.matrix;
+  constexpr double kRounding = 0.97;
+  const kx::Properties& ply = lamina.base;
+  if (!isWoven && ply.e11 > 0.0 && ply.e11 < kRounding * ply.e22) {
+    addSwapped(lamina.spotOf(Property::e11),
+               Severity::error,
+               report,
+               "LAMINA E11 is below E22, and the fiber runs along 1: are the two swapped?");
+  }
+  if (!isWoven && ply.a11 > 0.0 && ply.a22 > 0.0 && ply.a11 > ply.a22 &&
+      ply.e11 * kRounding > ply.e22) {
+    addSwapped(lamina.spotOf(Property::a11),
+               Severity::warning,
+               report,
+               "LAMINA A11 is above A22, and the fiber, which expands least, runs along 1: are the "
+               "two swapped?");
+  }
+  if (fiber.base.e11 < kRounding * fiber.base.e22) {
+    addSwapped(fiber.spotOf(Property::e11),
+               Severity::warning,
+               report,
+               "FIBER E11 is below E22: are the two swapped?");
+  }
+  if (matrix.base.e11 > fiber.base.e11) {
+    addSwapped(matrix.spotOf(Property::e11),
+               Severity::warning,
+               report,
+               "MATRIX E11 is above FIBER E11: are FIBER and MATRIX swapped?");
+  }
+  if (ply.e11 > fiber.base.e11 && ply.e11 > matrix.base.e11) {
+    addSwapped(
+        lamina.spotOf(Property::e11),
+        Severity::warning,
+        report,
+        "LAMINA E11 is above that of fiber and matrix, which no ply can have: are LAMINA and "
+        "FIBER swapped?");
+  }
+}
+
+bool checkSet(const Reading& reading, const SetView& view, Report& report) {
+  if (view.keyword == nullptr) {
+    return false;
+  }
+  if (view.set->kind == lamcraft::PropertySet::Kind::systemDefaults) {
+    return true;
+  }
+  return reading.isSound(view.keyword) && SetCheck(reading, view, report).run();
+}
+
+void checkTarget(const SetView& lamina, const Reading& reading, Report& report) {
+  if (!reading.isSound(lamina.keyword)) {
+    return;
+  }
+  for (const Property property : givenProperties(lamina.set->symmetry)) {
+    if (dimensionOf(property) != Dimension::inverseTemperature && lamina.value(property) > 0.0) {
+      return;
+    }
+  }
+  report.add("missing-value",
+             Severity::warning,
+             spotOf(*lamina.keyword, lamina.environment),
+             "LAMINA gives no modulus and no Poisson's ratio, so that nothing is fitted: give what "
+             "was measured");
+}
+
+}  // namespace
+
+bool checkSets(const Reading& reading, const EnvironmentKeywords& environment, Report& report) {
+  const SetViews views = setViews(reading, environment);
+  const bool isLamina = checkSet(reading, views.lamina, report);
+  const bool isFiber = checkSet(reading, views.fiber, report);
+  const bool isMatrix = checkSet(reading, views.matrix, report);
+  checkTarget(views.lamina, reading, report);
+  const bool isAll = isLamina && isFiber && isMatrix;
+  if (isAll) {
+    checkOrder(views, reading.composite().isWoven(), report);
+  }
+  return isAll;
+}
+
+}  // namespace lamkit
