@@ -82,11 +82,13 @@ enum {
   KX_CELL_WARP = 2,
   KX_CELL_INTERFACE = 3,
   KX_CELL_SLOTS = 4,
+  KX_CELL_BLOCK_LENGTH = KX_CELL_SLOTS * KX_SLOT_LENGTH,
 
   /// Slots of the fill block and of the warp block: parts of a tow, in the tow's axes.
   KX_TOW_FIBER = 0,
   KX_TOW_MATRIX = 1,
   KX_TOW_SLOTS = 2,
+  KX_TOW_BLOCK_LENGTH = KX_TOW_SLOTS * KX_SLOT_LENGTH,
 
   /// Property sets of a damage-state record.
   KX_SET_COMPOSITE = 0,

@@ -13,7 +13,7 @@ namespace {
 
 void printUsage(const char* program) {
   console::Output output;
-  output.text("Lamcraft 2023.0.0.0\n").endLine();
+  output.text("Lamcraft " LAMCRAFT_VERSION "\n").endLine();
   output.message(console::kUsage).endLine();
   output.text(program);  // as narrow text: its bytes reach the console as they are
   output.wide(L" [").message(console::kUsageInputFile).wide(L"] ");

@@ -27,7 +27,7 @@ TEST(Program, PrintsBannerAndUsageWithoutADeck) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(
         result.out,
-        "Lamcraft 2023.0.0.0\n\nusage:\n" + kProgram + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
+        "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + kProgram + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
   }
 }
 
@@ -35,7 +35,7 @@ TEST(Program, SpeaksGermanToGermanUsers) {
   const ProcessResult usage = run({}, "de_DE.UTF-8");
   EXPECT_EQ(usage.exitCode, 0);
   EXPECT_EQ(usage.out,
-            "Lamcraft 2023.0.0.0\n\nAufruf:\n" + kProgram +
+            "Lamcraft " LAMCRAFT_VERSION "\n\nAufruf:\n" + kProgram +
                 " [EINGABEDATEI] [ERGEBNISORDNER-OPTIONAL]\n");
   const ProcessResult parse = run({"fehlt-\xc3\xbc.qdk"}, "de_DE.UTF-8");
   EXPECT_EQ(parse.exitCode, 2);
@@ -77,7 +77,7 @@ TEST(Program, PathThatIsNotAsciiAppearsAsItIs) {
     const ProcessResult result = test::run({program, {}, {{"LC_ALL", locale}}});
     EXPECT_EQ(
         result.out,
-        "Lamcraft 2023.0.0.0\n\nusage:\n" + program + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
+        "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + program + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
   }
 }
 

@@ -346,9 +346,9 @@ void WEAVE_DAMAGE_STATE(int32_t* const pocketCode,
            fillMatrix,
            warpFiber,
            warpMatrix);
-  fill(unitCellBlock, KX_CELL_SLOTS * KX_SLOT_LENGTH);
-  fill(fillBlock, KX_TOW_SLOTS * KX_SLOT_LENGTH);
-  fill(warpBlock, KX_TOW_SLOTS * KX_SLOT_LENGTH);
+  fill(unitCellBlock, KX_CELL_BLOCK_LENGTH);
+  fill(fillBlock, KX_TOW_BLOCK_LENGTH);
+  fill(warpBlock, KX_TOW_BLOCK_LENGTH);
 }
 
 void FAT_DCMP_PROPS(const double* const composite,

@@ -18,13 +18,13 @@
 namespace lamcraft::test {
 namespace {
 
-/// Installs lamcraft and builds the example once for all tests.
+/// Installs what such a library is built with, and builds the example, once for all tests.
 class OwnLibrary : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     folder_ = std::make_unique<TemporaryFolder>();
     const std::string at = folder_->path().string();
-    cmake({"--install", LAMCRAFT_BUILD, "--prefix", at + "/installed"});
+    cmake({"--install", LAMCRAFT_BUILD, "--component", "contract", "--prefix", at + "/installed"});
     cmake({"-S",
            at + "/installed/share/doc/lamcraft/examples/library",
            "-B",
@@ -36,7 +36,7 @@ class OwnLibrary : public testing::Test {
 
   static ProcessResult solve(const std::string& deck, const std::string& out) {
     ProcessRun process;
-    process.program = at("installed/bin/lamcraft");
+    process.program = LAMCRAFT_PROGRAM;
     process.arguments = {deck, out};
     process.environment["LD_LIBRARY_PATH"] = at("build");
     process.folder = folder_->path().string();

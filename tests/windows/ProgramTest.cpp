@@ -40,7 +40,7 @@ TEST(Program, PrintsBannerAndUsageWithoutADeck) {
   const ProcessResult result = windows.run({});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(result.out,
-            "Lamcraft 2023.0.0.0\n\nusage:\n" + windowsPath(windows.program()) +
+            "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + windowsPath(windows.program()) +
                 " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
 }
 

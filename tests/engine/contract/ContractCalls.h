@@ -77,8 +77,8 @@ struct WeaveDamageState {
   In<double, 12> fiber, matrix;
   double fiberDegradation = -1.0, matrixDegradation = -1.0;
   Out<double, 12> composite, matrixPocket, fill, warp, fillFiber, fillMatrix, warpFiber, warpMatrix;
-  Out<double, KX_CELL_SLOTS * KX_SLOT_LENGTH> unitCellBlock;
-  Out<double, KX_TOW_SLOTS * KX_SLOT_LENGTH> fillBlock, warpBlock;
+  Out<double, KX_CELL_BLOCK_LENGTH> unitCellBlock;
+  Out<double, KX_TOW_BLOCK_LENGTH> fillBlock, warpBlock;
   std::int32_t snCount = 0;
 
   void run();
@@ -86,8 +86,8 @@ struct WeaveDamageState {
 
 struct FatDcmpProps {
   std::array<In<double, 12>, KX_SET_COUNT - 1> sets;
-  In<double, KX_CELL_SLOTS * KX_SLOT_LENGTH> unitCellBlock;
-  In<double, KX_TOW_SLOTS * KX_SLOT_LENGTH> fillBlock, warpBlock;
+  In<double, KX_CELL_BLOCK_LENGTH> unitCellBlock;
+  In<double, KX_TOW_BLOCK_LENGTH> fillBlock, warpBlock;
   In<std::int32_t, 4> record;  // state number, three codes
 
   void run() const;

@@ -64,11 +64,11 @@ TEST(WeaveDamageState, FillsTheSetsInTheirOrder) {
 }
 
 TEST(WeaveDamageState, BlocksHoldTheSlotsInTheirOrder) {
-  constexpr std::size_t kFill = KX_CELL_FILL * KX_SLOT_LENGTH;
-  constexpr std::size_t kPocket = KX_CELL_POCKET * KX_SLOT_LENGTH;
-  constexpr std::size_t kWarp = KX_CELL_WARP * KX_SLOT_LENGTH;
-  constexpr std::size_t kFiber = KX_TOW_FIBER * KX_SLOT_LENGTH;
-  constexpr std::size_t kMatrix = KX_TOW_MATRIX * KX_SLOT_LENGTH;
+  constexpr std::size_t kFill = std::size_t{KX_CELL_FILL} * KX_SLOT_LENGTH;
+  constexpr std::size_t kPocket = std::size_t{KX_CELL_POCKET} * KX_SLOT_LENGTH;
+  constexpr std::size_t kWarp = std::size_t{KX_CELL_WARP} * KX_SLOT_LENGTH;
+  constexpr std::size_t kFiber = std::size_t{KX_TOW_FIBER} * KX_SLOT_LENGTH;
+  constexpr std::size_t kMatrix = std::size_t{KX_TOW_MATRIX} * KX_SLOT_LENGTH;
   DamageCall call;
   call.fillCode.value() = 1;
   call.run();
