@@ -25,9 +25,9 @@ TEST(Program, PrintsBannerAndUsageWithoutADeck) {
   for (const char* locale : {"C", "C.UTF-8", "en_US.UTF-8"}) {
     const ProcessResult result = run({}, locale);
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(
-        result.out,
-        "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + kProgram + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
+    EXPECT_EQ(result.out,
+              "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + kProgram +
+                  " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
   }
 }
 
@@ -75,9 +75,9 @@ TEST(Program, PathThatIsNotAsciiAppearsAsItIs) {
   std::filesystem::create_symlink(kProgram, program);
   for (const char* locale : {"C", "en_US.UTF-8"}) {
     const ProcessResult result = test::run({program, {}, {{"LC_ALL", locale}}});
-    EXPECT_EQ(
-        result.out,
-        "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + program + " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
+    EXPECT_EQ(result.out,
+              "Lamcraft " LAMCRAFT_VERSION "\n\nusage:\n" + program +
+                  " [INPUT FILE] [RESULTSDIR-OPTIONAL]\n");
   }
 }
 
