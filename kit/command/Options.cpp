@@ -33,6 +33,14 @@ bool wantsColor(const std::string& choice) {
 
 }  // namespace
 
+bool isErrorTerminal() {
+#ifdef _WIN32
+  return _isatty(_fileno(stderr)) != 0;
+#else
+  return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
 void addFindingOptions(CLI::App& command, Context& context) {
   const std::map<std::string, Format> formats{{"text", Format::text}, {"json", Format::json}};
   command

@@ -12,6 +12,9 @@ namespace lamkit {
 /// is set.
 void addFindingOptions(CLI::App& command, Context& context);
 
+/// Whether the standard error stream is a terminal.
+[[nodiscard]] bool isErrorTerminal();
+
 /// Gives a subcommand --quiet alone.
 void addQuietOption(CLI::App& command, Context& context);
 

@@ -17,7 +17,40 @@ nlohmann::ordered_json jsonOf(const Finding& finding) {
           {"message", finding.message}};
 }
 
+Severity severityNamed(const std::string& name) {
+  for (const Severity severity : {Severity::warning, Severity::error}) {
+    if (name == nameOf(severity)) {
+      return severity;
+    }
+  }
+  return Severity::note;
+}
+
+Finding findingFrom(const nlohmann::json& object) {
+  Finding finding;
+  object.at("file").get_to(finding.file);
+  object.at("line").get_to(finding.line);
+  object.at("column").get_to(finding.column);
+  object.at("keyword").get_to(finding.keyword);
+  object.at("environment").get_to(finding.environment);
+  object.at("rule").get_to(finding.rule);
+  finding.severity = severityNamed(object.at("severity"));
+  object.at("value").get_to(finding.value);
+  object.at("expected").get_to(finding.expected);
+  object.at("message").get_to(finding.message);
+  return finding;
+}
+
 }  // namespace
+
+std::vector<Finding> findingsFrom(const nlohmann::json& array) {
+  std::vector<Finding> findings;
+  findings.reserve(array.size());
+  for (const auto& object : array) {
+    findings.push_back(findingFrom(object));
+  }
+  return findings;
+}
 
 nlohmann::ordered_json jsonOf(const std::vector<Finding>& findings) {
   auto array = nlohmann::ordered_json::array();

@@ -12,6 +12,9 @@ namespace lamkit {
 /// The findings as an array of objects whose keys are the names of Finding's members.
 [[nodiscard]] nlohmann::ordered_json jsonOf(const std::vector<Finding>& findings);
 
+/// The findings of such an array. Throws nlohmann::json::exception for anything else.
+[[nodiscard]] std::vector<Finding> findingsFrom(const nlohmann::json& array);
+
 /// {"schema": 1, "files": [{"file": ..., "verdict": ..., "findings": [...]}]}
 [[nodiscard]] nlohmann::ordered_json jsonOf(const std::vector<FileFindings>& files);
 
