@@ -133,7 +133,6 @@ void WEAVE_PREFAIL(const int32_t* harness,
   kx::guarded({{m, 1}, {b, 1}, {thr, 1}, {c2mdeg, 3}}, [&] {
     const auto reduction =
         kx::reduceShearCurve(kx::shearPointsFrom(stress, strain, pointCount), *shearStrength);
-    kx::copyTo(reduction, m, b, thr, failed, code);
     const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
     const auto materials = constituentsFrom(fiber, matrix);
     auto degradation = kx::kEqualDegradation;
@@ -144,6 +143,7 @@ void WEAVE_PREFAIL(const int32_t* harness,
       });
     }
     std::copy(degradation.begin(), degradation.end(), c2mdeg);
+    kx::copyTo(reduction, m, b, thr, failed, code);  // last: an exception is a failure
   });
 }
 

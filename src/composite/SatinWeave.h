@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "composite/FramedComposite.h"
+#include "composite/SolvableComposite.h"
 
 namespace lamcraft {
 
 /// A woven composite, plain weave or satin: matrix pocket, fill and warp tows, their interface.
-class SatinWeave final : public FramedComposite {
+class SatinWeave final : public SolvableComposite {
  public:
   /// harness: 1 plain weave, 4, 5 or 8 satin. The texts are the types of the tows' constituents.
   SatinWeave(const std::string& fiberType, const std::string& matrixType, std::int32_t harness);

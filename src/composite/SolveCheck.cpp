@@ -1,58 +1,45 @@
 #include "composite/SolveCheck.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
+#include <vector>
 
 namespace lamcraft {
 
 namespace {
 
-bool isNumber(const double value) {
-  return !std::isnan(value);
-}
-
-template <std::size_t count>
-bool areNumbers(const std::array<double, count>& values) {
-  return std::all_of(values.begin(), values.end(), isNumber);
-}
-
-bool areNumbers(const PropertySet& properties) {
-  return std::all_of(properties.working(), properties.working() + kPropertyCount, isNumber);
-}
-
-bool areNumbers(const SolveErrors& errors) {
-  return areNumbers(std::array<double, 6>{errors.initialMechanical,
-                                          errors.finalMechanical,
-                                          errors.initialThermal,
-                                          errors.finalThermal,
-                                          errors.initialFatigue,
-                                          errors.finalFatigue});
-}
-
-bool areNumbers(const PrefailConstants& constants) {
-  return areNumbers(std::array<double, 3>{constants.m, constants.b, constants.thr}) &&
-         areNumbers(constants.c2mdeg);
+bool areNumbers(const double* const properties) {
+  return std::none_of(properties, properties + kPropertyCount, [](const double value) {
+    return std::isnan(value);
+  });
 }
 
 bool areNumbers(const DamageStateRecord& state) {
-  return std::all_of(state.data.sets.begin(), state.data.sets.end(), [](const auto& set) {
-    return areNumbers(set);
-  });
+  const auto& sets = state.data.sets;
+  return std::all_of(
+      sets.begin(), sets.end(), [](const auto& set) { return areNumbers(set.data()); });
 }
 
 }  // namespace
 
-bool holdsNumbers(const EnvironmentRecord& environment) {
-  const auto& rows = environment.resultRows;
-  const auto& states = environment.damageStates;
-  return areNumbers(environment.errors) && areNumbers(environment.lamina) &&
-         areNumbers(environment.fiber) && areNumbers(environment.matrix) &&
-         (environment.shearStress.empty() || areNumbers(environment.prefail)) &&
-         std::all_of(rows.begin(), rows.end(), [](const auto& row) { return areNumbers(row); }) &&
-         std::all_of(
-             states.begin(), states.end(), [](const auto& state) { return areNumbers(state); });
+std::string setWithoutNumbers(const EnvironmentRecord& environment) {
+  if (!areNumbers(environment.lamina.working())) {
+    return "lamina";
+  }
+  if (!areNumbers(environment.fiber.working())) {
+    return "fiber";
+  }
+  if (!areNumbers(environment.matrix.working())) {
+    return "matrix";
+  }
+  for (const auto* const states : {&environment.damageStates, &environment.fatigueDamageStates}) {
+    for (const DamageStateRecord& state : *states) {
+      if (!areNumbers(state)) {
+        return "damage state " + std::to_string(state.data.state);
+      }
+    }
+  }
+  return {};
 }
 
 }  // namespace lamcraft

@@ -1,14 +1,16 @@
 #ifndef LAMCRAFT_COMPOSITE_SOLVECHECK_H
 #define LAMCRAFT_COMPOSITE_SOLVECHECK_H
 
+#include <string>
+
 #include "model/EnvironmentRecord.h"
 
 namespace lamcraft {
 
-/// Whether what the library has answered for the environment, and the data files show, are numbers:
-/// errors, properties, fatigue constants, prefail constants where there is a shear curve, damage
-/// states. Infinity counts as one. A library that fails, out of memory for example, answers none.
-[[nodiscard]] bool holdsNumbers(const EnvironmentRecord& environment);
+/// The property set of the environment that the library has answered no numbers in: "lamina",
+/// "fiber", "matrix" or "damage state 7"; empty when there is none. Infinity counts as a number.
+/// Errors, result rows, prefail constants and decompositions are the library's own affair.
+[[nodiscard]] std::string setWithoutNumbers(const EnvironmentRecord& environment);
 
 }  // namespace lamcraft
 

@@ -1,6 +1,7 @@
 #include "composite/SolveMonitor.h"
 
 #include <chrono>
+#include <cstdint>
 #include <string>
 
 #include "composite/MicromechanicsCalls.h"
@@ -14,65 +15,50 @@ namespace {
 
 constexpr std::chrono::milliseconds kPollInterval{1000};
 
+void printIteration(const micromechanics::Status& status, const std::string& separator) {
+  console::Output()
+      .message(console::kIteration)
+      .wide(L" ")
+      .wideNumber(status.iteration)
+      .widened(separator)
+      .wide(L" ")
+      .message(console::kError)
+      .wide(L" ")
+      .wideNumber(status.error)
+      .endLine();
+}
+
 }  // namespace
 
-SolveMonitor::SolveMonitor() : thread_([this] { watch(); }) {
-  std::unique_lock lock(mutex_);
-  changed_.wait(lock, [this] { return hasAsked_; });
-}
+SolveMonitor::SolveMonitor() : thread_([this] { watch(); }) {}
 
 SolveMonitor::~SolveMonitor() {
   {
     const std::lock_guard lock(mutex_);
     isToStop_ = true;
   }
-  changed_.notify_all();
+  stopped_.notify_all();
   thread_.join();
 }
 
 void SolveMonitor::watch() {
   const std::string separator = console::listSeparator();
-  bool goOn = true;
-  while (goOn) {
-    goOn = micromechanics::status().goOn;
-    if (goOn) {
-      reportIteration(separator);
+  std::int32_t lastIteration = -1;  // of the last line printed
+  while (micromechanics::status().goOn) {
+    const micromechanics::Status status = micromechanics::status();
+    if (status.goOn && status.iteration > lastIteration) {
+      printIteration(status, separator);
+      lastIteration = status.iteration;
     }
-    markAsked();
-    goOn = goOn && waitForNextPoll();
+    if (!waitForNextPoll()) {
+      return;
+    }
   }
-}
-
-void SolveMonitor::reportIteration(const std::string& separator) {
-  const micromechanics::Status status = micromechanics::status();
-  if (!status.goOn || status.iteration <= lastIteration_) {
-    return;
-  }
-  console::Output()
-      .message(console::kIteration)
-      .text(" ")
-      .number(status.iteration)
-      .text(separator)
-      .text(" ")
-      .message(console::kError)
-      .text(" ")
-      .number(status.error)
-      .endLine();
-  lastIteration_ = status.iteration;
-}
-
-void SolveMonitor::markAsked() {
-  {
-    const std::lock_guard lock(mutex_);
-    hasAsked_ = true;
-  }
-  changed_.notify_all();
 }
 
 bool SolveMonitor::waitForNextPoll() {
   std::unique_lock lock(mutex_);
-  changed_.wait_for(lock, kPollInterval, [this] { return isToStop_; });
-  return !isToStop_;
+  return !stopped_.wait_for(lock, kPollInterval, [this] { return isToStop_; });
 }
 
 }  // namespace lamcraft

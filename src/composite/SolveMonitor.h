@@ -2,18 +2,14 @@
 #define LAMCRAFT_COMPOSITE_SOLVEMONITOR_H
 
 #include <condition_variable>
-#include <cstdint>
 #include <mutex>
-#include <string>
 #include <thread>
 
 namespace lamcraft {
 
 /// Prints an iteration line whenever the library reports a new iteration, asking it once a second
-/// from a thread of its own, for as long as the object lives.
-///
-/// The first question is asked before the constructor returns, so that what a short solve prints
-/// does not depend on how fast the thread starts. Destruction ends the thread at once.
+/// from a thread of its own, for as long as the object lives. Nobody waits for the thread until the
+/// object is destroyed, which ends it without its next poll.
 class SolveMonitor {
  public:
   SolveMonitor();
@@ -23,14 +19,10 @@ class SolveMonitor {
 
  private:
   void watch();
-  void reportIteration(const std::string& separator);
-  void markAsked();
   [[nodiscard]] bool waitForNextPoll();
 
-  std::int32_t lastIteration_ = -1;  // of the last line printed; the thread's own
   std::mutex mutex_;
-  std::condition_variable changed_;
-  bool hasAsked_ = false;
+  std::condition_variable stopped_;
   bool isToStop_ = false;
   std::thread thread_;
 };

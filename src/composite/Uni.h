@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "composite/FramedComposite.h"
+#include "composite/SolvableComposite.h"
 
 namespace lamcraft {
 
 /// A unidirectional composite: fiber and matrix.
-class Uni final : public FramedComposite {
+class Uni final : public SolvableComposite {
  public:
   /// The texts that the data files give as the types of the constituents.
   Uni(const std::string& fiberType, const std::string& matrixType);

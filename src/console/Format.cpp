@@ -28,6 +28,7 @@ std::locale::id ListSeparator::id;
 /// A stream set up for localized numbers. Making one costs far more than writing a number, so one
 /// serves all threads. Not one for each: mingw frees the memory of a thread's variables before it
 /// destroys them.
+template <typename Char>
 class NumberStream {
  public:
   NumberStream() { stream_ << std::right << boost::locale::as::number; }
@@ -40,7 +41,7 @@ class NumberStream {
   }
 
   template <typename Number>
-  std::string write(Number value) {
+  std::basic_string<Char> write(Number value) {
     const std::lock_guard lock(mutex_);
     if (const std::locale current; stream_.getloc() != current) {
       stream_.imbue(current);
@@ -52,13 +53,14 @@ class NumberStream {
 
  private:
   std::mutex mutex_;
-  std::ostringstream stream_;
+  std::basic_ostringstream<Char> stream_;
   int width_ = 0;
 };
 
-NumberStream& displayStream() {
-  static NumberStream stream;
-  return stream;
+template <typename Char, typename Number>
+std::basic_string<Char> displayed(Number value) {
+  static NumberStream<Char> stream;
+  return stream.write(value);
 }
 
 }  // namespace
@@ -75,16 +77,24 @@ std::locale withListSeparator(const std::locale& base, std::string_view userLoca
 }
 
 std::string scientific(double value) {
-  static NumberStream stream(std::ios_base::scientific, 3, 10);
+  static NumberStream<char> stream(std::ios_base::scientific, 3, 10);
   return stream.write(value);
 }
 
 std::string display(double value) {
-  return displayStream().write(value);
+  return displayed<char>(value);
 }
 
 std::string display(std::int64_t value) {
-  return displayStream().write(value);
+  return displayed<char>(value);
+}
+
+std::wstring wideDisplay(double value) {
+  return displayed<wchar_t>(value);
+}
+
+std::wstring wideDisplay(std::int64_t value) {
+  return displayed<wchar_t>(value);
 }
 
 }  // namespace lamcraft::console

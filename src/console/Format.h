@@ -25,8 +25,12 @@ std::string scientific(double value);
 /// locale's decimal mark and digit grouping, no padding.
 std::string display(double value);
 
+/// The same for the wide console.
+std::wstring wideDisplay(double value);
+
 /// A whole number with the digit grouping of the global locale, no padding.
 std::string display(std::int64_t value);
+std::wstring wideDisplay(std::int64_t value);
 
 }  // namespace lamcraft::console
 

@@ -25,7 +25,7 @@ Terminal& terminal() {
 
 /// Flushes the other stream when the text changes sides. A stream that failed is set right again:
 /// one lost text must not silence those that follow.
-void turnTo(Side side) {
+void switchTo(Side side) {
   if (terminal().side != side) {
     if (side == Side::wide) {
       std::cout.flush();
@@ -47,13 +47,21 @@ Output& Output::message(const wchar_t* key) {
 }
 
 Output& Output::wide(std::wstring_view text) {
-  turnTo(Side::wide);
+  switchTo(Side::wide);
   std::wcout << text;
   return *this;
 }
 
+Output& Output::widened(std::string_view text) {
+  std::wstring characters;
+  for (const char byte : text) {
+    characters += std::wcout.widen(byte);
+  }
+  return wide(characters);
+}
+
 Output& Output::text(std::string_view text) {
-  turnTo(Side::narrow);
+  switchTo(Side::narrow);
   std::cout << text;
   return *this;
 }
@@ -64,6 +72,14 @@ Output& Output::number(double value) {
 
 Output& Output::integer(std::int64_t value) {
   return text(display(value));
+}
+
+Output& Output::wideNumber(double value) {
+  return wide(wideDisplay(value));
+}
+
+Output& Output::wideInteger(std::int64_t value) {
+  return wide(wideDisplay(value));
 }
 
 Output& Output::endLine() {

@@ -30,6 +30,10 @@ class Output {
   /// Writes wide text as it is.
   Output& wide(std::wstring_view text);
 
+  /// Writes narrow text on the wide stream, each byte as the character that the stream's locale
+  /// makes of it alone; a question mark where it makes none.
+  Output& widened(std::string_view text);
+
   /// Writes narrow text, its bytes unchanged.
   Output& text(std::string_view text);
 
@@ -40,11 +44,19 @@ class Output {
     return integer(static_cast<std::int64_t>(value));
   }
 
+  /// The same, wide.
+  Output& wideNumber(double value);
+  template <typename Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = true>
+  Output& wideNumber(Integer value) {
+    return wideInteger(static_cast<std::int64_t>(value));
+  }
+
   /// Ends the line on the stream written last, by whomever, and flushes it.
   Output& endLine();
 
  private:
   Output& integer(std::int64_t value);
+  Output& wideInteger(std::int64_t value);
 
   std::lock_guard<std::mutex> lock_;
 };

@@ -86,9 +86,9 @@ bool converts(const Conversion& conversion, wchar_t character) {
                         toNext) == std::codecvt_base::ok;
 }
 
-/// Whether a conversion knows letters of any script besides ASCII: Latin, Greek, Cyrillic, Hebrew,
-/// Arabic, Thai, Hiragana, Han.
-bool knowsLetters(const std::locale& locale) {
+/// Whether the conversion of a locale has letters of any script besides ASCII: Latin, Greek,
+/// Cyrillic, Hebrew, Arabic, Thai, Hiragana, Han.
+bool convertsLetters(const std::locale& locale) {
   const auto& conversion = std::use_facet<Conversion>(locale);
   for (const wchar_t letter : L"\u00e4\u0103\u03b1\u044f\u05d0\u0627\u0e01\u3042\u6c34") {
     if (letter != L'\0' && converts(conversion, letter)) {
@@ -102,7 +102,7 @@ bool knowsLetters(const std::locale& locale) {
 
 std::locale withSteadyConversion(const std::locale& base) {
   const std::locale source =
-      knowsLetters(base) ? base : std::locale(base, new boost::locale::utf8_codecvt<wchar_t>);
+      convertsLetters(base) ? base : std::locale(base, new boost::locale::utf8_codecvt<wchar_t>);
   return {base, new SteadyConversion(source)};  // facets are owned by their locale
 }
 

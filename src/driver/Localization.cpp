@@ -28,7 +28,7 @@ std::locale generatedLocale(const std::string& messagesPath, const std::string& 
   const std::string name = platform::shownLocaleName();
   const std::locale narrow = generator(name);
   generator.characters(boost::locale::wchar_t_facet);
-  generator.categories(boost::locale::message_facet);
+  generator.categories(boost::locale::formatting_facet | boost::locale::message_facet);
   generator.add_messages_path(messagesPath);
   generator.add_messages_domain(domain);
   return generator.generate(narrow, name);

@@ -2,8 +2,8 @@
 
 #include "console/Messages.h"
 #include "console/Output.h"
+#include "driver/FailureReports.h"
 #include "driver/Localization.h"
-#include "driver/Phases.h"
 #include "material/Material.h"
 #include "platform/Process.h"
 
@@ -11,28 +11,27 @@ namespace lamcraft::driver {
 
 namespace {
 
-void printUsage(const char* program) {
+void printUsage(const std::string& program) {
   console::Output output;
   output.text("Lamcraft " LAMCRAFT_VERSION "\n").endLine();
   output.message(console::kUsage).endLine();
-  output.text(program);  // as narrow text: its bytes reach the console as they are
-  output.wide(L" [").message(console::kUsageInputFile).wide(L"] ");
+  output.widened(program).wide(L" [").message(console::kUsageInputFile).wide(L"] ");
   output.wide(L"[").message(console::kUsageResultsDirectory).wide(L"]").endLine();
 }
 
 }  // namespace
 
-ExitCode run(int count, const char* const* arguments) {
-  platform::weatherFaults();
+ExitCode run(const std::vector<std::string>& arguments) {
+  platform::turnWriteFaultsIntoErrors();
   if (!runLocalization([] { setupLocalization(); })) {
     return ExitCode::success;
   }
-  if (count < 2) {
-    printUsage(count > 0 ? arguments[0] : "");
+  if (arguments.size() < 2) {
+    printUsage(arguments.empty() ? "" : arguments[0]);
     return ExitCode::success;
   }
   Material material;
-  if (count > 2) {
+  if (arguments.size() > 2) {
     material.setResultsDirectory(arguments[2]);
   }
   const ExitCode parsed = runParse([&] { material.read(arguments[1]); });

@@ -1,7 +1,10 @@
 #ifndef LAMCRAFT_DRIVER_RUN_H
 #define LAMCRAFT_DRIVER_RUN_H
 
-#include "driver/Phases.h"
+#include <string>
+#include <vector>
+
+#include "driver/FailureReports.h"
 
 namespace lamcraft::driver {
 
@@ -9,9 +12,9 @@ namespace lamcraft::driver {
 /// material, in the results folder `arguments[2]` when there is one. Without a deck it prints how
 /// the program is called. Standard exceptions are reported here and decide the exit code.
 ///
-/// `arguments` are the `count` texts that the system hands to the process, the program's path
-/// first; those after the third are not looked at.
-ExitCode run(int count, const char* const* arguments);
+/// `arguments` are those of the process, the program's path first; those after the third are not
+/// looked at.
+ExitCode run(const std::vector<std::string>& arguments);
 
 }  // namespace lamcraft::driver
 

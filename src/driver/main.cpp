@@ -1,5 +1,6 @@
 #include "driver/Run.h"
+#include "platform/Process.h"
 
 int main(int argc, char** argv) {
-  return static_cast<int>(lamcraft::driver::run(argc, argv));
+  return static_cast<int>(lamcraft::driver::run(lamcraft::platform::commandLine(argc, argv)));
 }

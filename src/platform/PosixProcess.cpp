@@ -7,7 +7,11 @@
 
 namespace lamcraft::platform {
 
-void weatherFaults() {
+std::vector<std::string> commandLine(const int count, const char* const* const arguments) {
+  return {arguments, arguments + count};
+}
+
+void turnWriteFaultsIntoErrors() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   // A new file gets the lowest number that is free.

@@ -9,6 +9,9 @@ namespace lamcraft::platform {
 /// program's arguments.
 std::wstring widened(const std::string& text);
 
+/// The text in that code page; a question mark stands for each character that it lacks.
+std::string narrowed(const std::wstring& text);
+
 }  // namespace lamcraft::platform
 
 #endif

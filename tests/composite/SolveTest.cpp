@@ -97,6 +97,23 @@ class Solve : public testing::Test {
   }
 };
 
+// ---- monitor
+
+TEST_F(Solve, WaitsForNoStatusOfTheLibrary) {
+  test::setVariable("KXFAKE_STATUS_WAITS", "1");
+  const auto uni = uniWithCurve();
+  EXPECT_EQ(solve(*uni).count("UNI_OPTIMIZATION"), 1U);
+  test::removeVariable("KXFAKE_STATUS_WAITS");
+}
+
+TEST_F(Solve, OfNoEnvironmentsHasNoMonitor) {
+  test::setVariable("KXFAKE_ITERATION", "7");
+  Uni uni("glass", "epoxy");
+  uni.materialName = "NAME";
+  EXPECT_EQ(solve(uni).console, "Solving unidirectional composite:NAME\n");
+  test::removeVariable("KXFAKE_ITERATION");
+}
+
 // ---- kinds of weave
 
 TEST_F(Solve, OfAPlainWeaveRunsFatigueWithTestData) {

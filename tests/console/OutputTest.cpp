@@ -50,6 +50,13 @@ TEST(Output, NumbersLeaveTheStreamAsItWas) {
   EXPECT_EQ(console.shown(), "1e-0753");
 }
 
+TEST(Output, WideNumbersAndWidenedTextsAreOnTheWideStream) {
+  test::ConsoleCapture console;
+  console.narrow().failOnce();
+  Output().wideNumber(7).widened(",  Error: ").wideNumber(0.125).endLine();
+  EXPECT_EQ(console.shown(), "7,  Error: 0.125\n");
+}
+
 TEST(Output, NarrowBytesStayAsTheyAre) {
   test::ConsoleCapture console;
   Output().text("\xc3\xbc\xff").endLine();

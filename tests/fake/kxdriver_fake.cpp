@@ -4,12 +4,14 @@
 //   KXFAKE_LOG          file that the calls are appended to; none when unset
 //   KXFAKE_ITERATION    iteration that INSITU_STATUS reports (default -1), with error 0.125
 //   KXFAKE_STATUS       what INSITU_STATUS returns (default 0)
+//   KXFAKE_STATUS_WAITS INSITU_STATUS answers once a fit has begun, and not before
 //   KXFAKE_PREFAIL      failure code of the prefail functions (default: no failure)
 //   KXFAKE_PREFAIL_FLAG their failure flag (default: 1 with a failure code, else 0)
 //   KXFAKE_SLEEP_MS     how long a fit takes (default 0)
 //   KXFAKE_FAULT        what a fit does wrong: "throw", "abort" or "nan", which all outputs are
 //   then
 
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
@@ -117,8 +119,12 @@ class Call {
   std::FILE* log_ = nullptr;
 };
 
+/// Whether a fit has begun in this process.
+std::atomic<bool> hasFitted{false};
+
 /// What a fit does besides fitting.
 void takeTime() {
+  hasFitted = true;
   if (fault() == "throw") {
     throw std::runtime_error("the library failed");
   }
@@ -411,6 +417,9 @@ void FATIGUE_PW_OPTI(double* const row1,
 }
 
 int32_t INSITU_STATUS(int32_t* const iteration, double* const error) {
+  while (setting("KXFAKE_STATUS_WAITS", 0) != 0 && !hasFitted) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
   *iteration = setting("KXFAKE_ITERATION", -1);
   *error = 0.125;
   return setting("KXFAKE_STATUS", 0);

@@ -14,7 +14,7 @@
 
 #include <tinyxml.h>
 
-#include "driver/Phases.h"
+#include "driver/FailureReports.h"
 #include "fuzz/Files.h"
 #include "fuzz/Target.h"
 #include "material/Material.h"

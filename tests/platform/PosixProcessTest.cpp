@@ -39,7 +39,7 @@ TEST(Process, FilesDoNotGetTheNumberOfAClosedStandardStream) {
         << "as it is without care";
     EXPECT_GT(inAnotherProcess([&] {
                 close(closed);
-                weatherFaults();
+                turnWriteFaultsIntoErrors();
                 return open(path.c_str(), O_WRONLY);
               }),
               STDERR_FILENO);
@@ -48,7 +48,7 @@ TEST(Process, FilesDoNotGetTheNumberOfAClosedStandardStream) {
 
 TEST(Process, ReaderThatGoesAwayMakesTheWriteFail) {
   EXPECT_EQ(inAnotherProcess([] {
-              weatherFaults();
+              turnWriteFaultsIntoErrors();
               std::array<int, 2> ends{};
               if (pipe(ends.data()) != 0) {
                 return 2;
@@ -63,7 +63,7 @@ TEST(Process, FileThatIsTooLargeMakesTheWriteFail) {
   const test::TemporaryFolder folder;
   const std::string path = folder.write("mdata.xml", "");
   EXPECT_EQ(inAnotherProcess([&] {
-              weatherFaults();
+              turnWriteFaultsIntoErrors();
               const rlimit nothing{0, 0};
               setrlimit(RLIMIT_FSIZE, &nothing);
               const int file = open(path.c_str(), O_WRONLY);

@@ -25,10 +25,8 @@ constexpr int kNotPrepared = 120;  // no exit code of the program
                                const std::string& folder,
                                const std::function<void()>& prepare,
                                const int out) {
-  std::vector<const char*> words{"lamcraft"};
-  for (const std::string& argument : arguments) {
-    words.push_back(argument.c_str());
-  }
+  std::vector<std::string> words{"lamcraft"};
+  words.insert(words.end(), arguments.begin(), arguments.end());
   if (dup2(out, STDOUT_FILENO) < 0 || chdir(folder.c_str()) != 0) {
     _exit(kNotPrepared);
   }
@@ -39,7 +37,7 @@ constexpr int kNotPrepared = 120;  // no exit code of the program
   } catch (const std::exception&) {
     _exit(kNotPrepared);
   }
-  const auto code = driver::run(static_cast<int>(words.size()), words.data());
+  const auto code = driver::run(words);
   std::cout.flush();
   std::wcout.flush();
   _exit(static_cast<int>(code));

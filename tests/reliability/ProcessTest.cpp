@@ -214,9 +214,10 @@ TEST_F(Process, WhoseLibraryAnswersNoNumbersSaysSoAndWritesNothing) {
   const Ending ending = run();
   EXPECT_EQ(ending.exitCode, 2);
   EXPECT_THAT(ending.out, HasSubstr("nan"));
-  EXPECT_THAT(ending.out,
-              EndsWith("FATAL ERROR: An error occured during solve: \n"
-                       "The micromechanics library found no numbers for environment 1.\n"));
+  EXPECT_THAT(
+      ending.out,
+      EndsWith("FATAL ERROR: An error occured during solve: \n"
+               "The micromechanics library found no numbers for the lamina of environment 1.\n"));
   EXPECT_TRUE(filesIn(out_).empty());
 }
 

@@ -70,7 +70,7 @@ TEST(Program, ExitCodesTellTheKindsOfFailureApart) {
 TEST(Program, MonitorReportsTheIterationsOfTheLibrary) {
   const WindowsProgram windows;
   windows.folder().write("deck.qdk", UniDeck().text());
-  const ProcessResult result = windows.run({"deck.qdk", "out"}, {{"KXFAKE_ITERATION", "7"}});
+  const ProcessResult result = windows.run({"deck.qdk", "out"}, {{"KXFAKE_ITERATION", "7"}, {"KXFAKE_SLEEP_MS", "1000"}});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_THAT(result.out, HasSubstr("Iteration: 7,  Error: 0.125\n"));
 }

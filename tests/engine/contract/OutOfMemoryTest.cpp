@@ -58,6 +58,32 @@ Outcome outcomeOf(const UnidirectionalCall& call) {
   return call.iterations[0] > 0 ? solved : unclear;
 }
 
+/// The same weave's shear curve: linear up to 20 MPa, then softening to 80 MPa.
+struct ShearCall : WeavePrefail {
+  ShearCall() {
+    const WeaveCall fit;
+    weave = fit.weave;
+    fiber = fit.fiber;
+    matrix = fit.matrix;
+    lamina.fill(0.0);
+    shearStrength = 80e6;
+    pointCount = 16;
+    for (int i = 1; i <= pointCount; ++i) {
+      const double tau = 5e6 * i;
+      stress.push_back(tau);
+      strain.push_back(tau / (4.4e9 * (tau <= 20e6 ? 1.0 : 1.0 - (tau - 20e6) / 100e6)));
+    }
+  }
+};
+
+Outcome outcomeOf(const ShearCall& call) {
+  const bool hasFailed = call.failed.value() == 1 && call.code.value() == 0;
+  if (hasFailed && isNoNumber(call.m.value()) && areNoNumbers(call.c2mdeg)) {
+    return withoutNumbers;
+  }
+  return call.failed.value() == 0 && call.c2mdeg[1] > 0.0 ? solved : unclear;
+}
+
 /// The outcome of a call in a process that may take no more than `more` bytes on top of what it
 /// has.
 template <typename Call>
@@ -90,6 +116,18 @@ TEST(OutOfMemory, LeavesNoNumbersThatLookLikeAResult) {
         << more << " MB: " << outcome;
   }
   EXPECT_EQ(outcomeWith(1000 * kMegabyte, WeaveCall{}), solved);
+}
+
+// The curve is reduced before the softening solves need memory.
+TEST(OutOfMemory, InTheSofteningSolvesIsAFailureOfThePrefailStep) {
+  if (LAMCRAFT_IS_SANITIZED) {
+    GTEST_SKIP() << "sanitizers take more addresses than any limit";
+  }
+  constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+  for (const std::size_t more : {1U, 4U}) {
+    EXPECT_EQ(outcomeWith(more * kMegabyte, ShearCall{}), withoutNumbers) << more << " MB";
+  }
+  EXPECT_EQ(outcomeWith(1000 * kMegabyte, ShearCall{}), solved);
 }
 
 // The library copies the records, 20 MB of them, for which there is no room.

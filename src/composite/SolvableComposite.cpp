@@ -1,4 +1,4 @@
-#include "composite/FramedComposite.h"
+#include "composite/SolvableComposite.h"
 
 #include <string>
 
@@ -10,24 +10,27 @@
 
 namespace lamcraft {
 
-int FramedComposite::solve(const std::string& folder) {
+int SolvableComposite::solve(const std::string& folder) {
   printTitle();
   convertToBaseUnits(*this);
+  if (environments.empty()) {
+    return 0;
+  }
   const SolveMonitor monitor;
   const std::size_t count = environments.size();
   for (std::size_t i = 0; i < count; ++i) {
     printEnvironmentHeader(i + 1, count);
     solveEnvironment(folder, environments[i]);
-    if (!holdsNumbers(environments[i])) {
-      throw LamcraftException("The micromechanics library found no numbers for environment " +
-                              std::to_string(i + 1) + ".");
+    if (const std::string set = setWithoutNumbers(environments[i]); !set.empty()) {
+      throw LamcraftException("The micromechanics library found no numbers for the " + set +
+                              " of environment " + std::to_string(i + 1) + ".");
     }
   }
   return 0;
 }
 
-void FramedComposite::solveEnvironment(const std::string& folder,
-                                       EnvironmentRecord& environment) const {
+void SolvableComposite::solveEnvironment(const std::string& folder,
+                                         EnvironmentRecord& environment) const {
   environment.resultRows.resize(resultRowCount());
   printStartValues(environment);
   fit(folder, environment);
@@ -42,7 +45,8 @@ void FramedComposite::solveEnvironment(const std::string& folder,
   printFatigueSummary(environment);
 }
 
-void FramedComposite::runPrefail(const std::string& folder, EnvironmentRecord& environment) const {
+void SolvableComposite::runPrefail(const std::string& folder,
+                                   EnvironmentRecord& environment) const {
   const micromechanics::PrefailOutcome outcome = reduceShear(folder, environment);
   printPrefailOutcome(outcome, environment.prefail);
   if (outcome.failed != 0) {

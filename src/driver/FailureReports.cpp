@@ -1,4 +1,4 @@
-#include "driver/Phases.h"
+#include "driver/FailureReports.h"
 
 #include <exception>
 

@@ -1,4 +1,4 @@
-#include "driver/Phases.h"
+#include "driver/FailureReports.h"
 
 #include <stdexcept>
 #include <string>
@@ -19,7 +19,7 @@ Phase throwing(const Exception& exception) {
   return [exception] { throw exception; };
 }
 
-TEST(Phases, SuccessPrintsNothing) {
+TEST(FailureReports, SuccessPrintsNothing) {
   const ConsoleCapture console;
   EXPECT_TRUE(runLocalization([] {}));
   EXPECT_EQ(runParse([] {}), ExitCode::success);
@@ -27,13 +27,13 @@ TEST(Phases, SuccessPrintsNothing) {
   EXPECT_EQ(console.shown(), "");
 }
 
-TEST(Phases, LocalizationFailureIsReported) {
+TEST(FailureReports, LocalizationFailureIsReported) {
   const ConsoleCapture console;
   EXPECT_FALSE(runLocalization(throwing(std::runtime_error("bad locale name"))));
   EXPECT_EQ(console.shown(), "FATAL ERROR: Unable to setup localization: \nbad locale name\n");
 }
 
-TEST(Phases, EveryFailureToReadCountsAsUnknown) {
+TEST(FailureReports, EveryFailureToReadCountsAsUnknown) {
   for (const Phase& phase : {throwing(std::runtime_error("text")),
                              throwing(LamcraftException("text")),
                              throwing(std::out_of_range("text"))}) {
@@ -43,14 +43,14 @@ TEST(Phases, EveryFailureToReadCountsAsUnknown) {
   }
 }
 
-TEST(Phases, MalformedDeckIsReported) {
+TEST(FailureReports, MalformedDeckIsReported) {
   const ConsoleCapture console;
   EXPECT_EQ(runCreate(throwing(abqinp::InputFileException::misplacedKeyword("VARIATION"))),
             ExitCode::malformedInput);
   EXPECT_EQ(console.shown(), "FATAL ERROR: Malformed input file: \nMisplaced keyword: VARIATION\n");
 }
 
-TEST(Phases, SolveFailureIsReported) {
+TEST(FailureReports, SolveFailureIsReported) {
   const ConsoleCapture console;
   EXPECT_EQ(runCreate(throwing(LamcraftException("Invalid Material TYPE specified."))),
             ExitCode::failed);
@@ -58,19 +58,19 @@ TEST(Phases, SolveFailureIsReported) {
             "FATAL ERROR: An error occured during solve: \nInvalid Material TYPE specified.\n");
 }
 
-TEST(Phases, AnyOtherFailureToCreateIsReported) {
+TEST(FailureReports, AnyOtherFailureToCreateIsReported) {
   const ConsoleCapture console;
   EXPECT_EQ(runCreate(throwing(std::invalid_argument("word"))), ExitCode::unknownError);
   EXPECT_EQ(console.shown(), "FATAL ERROR: An unknown error occurred in Create\nword\n");
 }
 
-TEST(Phases, ExceptionsThatAreNotStandardPass) {
+TEST(FailureReports, ExceptionsThatAreNotStandardPass) {
   EXPECT_THROW(runLocalization(throwing(1)), int);
   EXPECT_THROW(runParse(throwing(1)), int);
   EXPECT_THROW(runCreate(throwing(1)), int);
 }
 
-TEST(Phases, ExitCodesAreThoseThatScriptsKnow) {
+TEST(FailureReports, ExitCodesAreThoseThatScriptsKnow) {
   EXPECT_EQ(static_cast<int>(ExitCode::success), 0);
   EXPECT_EQ(static_cast<int>(ExitCode::malformedInput), 1);
   EXPECT_EQ(static_cast<int>(ExitCode::failed), 2);

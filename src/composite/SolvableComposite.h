@@ -1,5 +1,5 @@
-#ifndef LAMCRAFT_COMPOSITE_FRAMEDCOMPOSITE_H
-#define LAMCRAFT_COMPOSITE_FRAMEDCOMPOSITE_H
+#ifndef LAMCRAFT_COMPOSITE_SOLVABLECOMPOSITE_H
+#define LAMCRAFT_COMPOSITE_SOLVABLECOMPOSITE_H
 
 #include <cstddef>
 #include <string>
@@ -9,9 +9,10 @@
 
 namespace lamcraft {
 
-/// The frame of a solve, which both composite models share: title, conversion to base units,
-/// monitor, and for every environment fit, prefail and report. The models supply the steps.
-class FramedComposite : public Composite {
+/// A composite that is solved environment by environment, as both models are: title, conversion to
+/// base units, monitor, and for every environment fit, prefail and report. The models supply the
+/// steps.
+class SolvableComposite : public Composite {
  public:
   int solve(const std::string& folder) final;
 
