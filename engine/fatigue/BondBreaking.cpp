@@ -56,7 +56,7 @@ struct CycleMean {
 /// The part of a cycle around its trough where s is cut off at zero: |phi| < half the arc.
 class CutOff {
  public:
-  CutOff(double peak, double amplitude) noexcept
+  CutOff(const double peak, const double amplitude) noexcept
       : peak_(peak), amplitude_(amplitude), centre_(peak - amplitude) {
     if (peak >= 2.0 * amplitude || peak >= kLargestExponent) {
       return;
@@ -69,7 +69,7 @@ class CutOff {
   }
 
   /// Over the arc, 1 stands in for exp(v (centre - amplitude cos phi)).
-  void addTo(CycleMean& mean, double v) const noexcept {
+  void addTo(CycleMean& mean, const double v) const noexcept {
     if (arc_ <= 0.0 || peak_ * v > kLargestExponent) {
       return;
     }
@@ -98,7 +98,7 @@ class CutOff {
 };
 
 /// A sine's mean of exp is exp(mean) I0(amplitude); the cut-off adds to it.
-CycleMean cycleMean(double v, double amplitude, const CutOff& cutOff) noexcept {
+CycleMean cycleMean(const double v, const double amplitude, const CutOff& cutOff) noexcept {
   const auto bessel = scaledBessel(amplitude * v);
   const double slope = bessel.i1 - bessel.i0;
   CycleMean mean{bessel.i0, amplitude * slope, 0.0, v * slope};
@@ -110,7 +110,7 @@ CycleMean cycleMean(double v, double amplitude, const CutOff& cutOff) noexcept {
 
 namespace detail {
 
-LifeIntegral lnLifeIntegral(double peak, double amplitude) noexcept {
+LifeIntegral lnLifeIntegral(const double peak, const double amplitude) noexcept {
   const double x = std::max(peak, kSmallestPeak);
   const CutOff cutOff(x, amplitude);
   double sum = 0.0;
@@ -139,7 +139,7 @@ double lnTimeToFailure(const BondConstants& constants, const StressCycle& cycle)
          std::log(attemptFrequency(cycle.temperature));
 }
 
-double rampStrength(const BondConstants& constants, double temperature) noexcept {
+double rampStrength(const BondConstants& constants, const double temperature) noexcept {
   const double thermal = kGasConstant * temperature;
   return (constants.breakingEnergy -
           thermal * std::log(attemptFrequency(temperature) * kRampTime)) /

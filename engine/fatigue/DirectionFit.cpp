@@ -72,7 +72,7 @@ struct Problem {
 
 using Function = ceres::TinySolverAutoDiffFunction<Problem, Eigen::Dynamic, 3>;
 
-bool isPositive(double value) noexcept {
+bool isPositive(const double value) noexcept {
   return std::isfinite(value) && value > 0.0;
 }
 
@@ -129,7 +129,9 @@ std::vector<Problem::Point> thinned(std::vector<Problem::Point> points) {
   return points;
 }
 
-std::vector<Problem::Point> pointsOf(const DirectionData& data, double strength, double nu0) {
+std::vector<Problem::Point> pointsOf(const DirectionData& data,
+                                     const double strength,
+                                     const double nu0) {
   std::vector<Problem::Point> points;
   points.reserve(data.tests.size());
   for (const auto& test : data.tests) {
@@ -174,8 +176,8 @@ int solve(Problem& problem, Unknowns& unknowns) {
 template <typename T>
 std::array<T, 3> fittedConstants(const T* unknowns,
                                  const Problem& problem,
-                                 double thermal,
-                                 double matrixStrength) {
+                                 const double thermal,
+                                 const double matrixStrength) {
   using std::exp;
   const T x = exp(unknowns[lnReducedStrength]);
   return {thermal * (problem.lnRamp + x * (1.0 + unknowns[strengthError])),
@@ -183,15 +185,18 @@ std::array<T, 3> fittedConstants(const T* unknowns,
           unknowns[amplitudeFactor]};
 }
 
-BondConstants tied(double energy, double activation, double factor, double loadTransfer) {
+BondConstants tied(const double energy,
+                   const double activation,
+                   const double factor,
+                   const double loadTransfer) {
   return {energy, energy, activation, activation, loadTransfer, factor};
 }
 
 /// Linearised: the covariance of the unknowns is the inverse of J^T J, with the priors as stated.
 BondConstants standardErrors(Problem problem,
                              const Unknowns& unknowns,
-                             double thermal,
-                             double matrixStrength) {
+                             const double thermal,
+                             const double matrixStrength) {
   using Jet = ceres::Jet<double, 3>;
   problem.relaxation = 1.0;
   const Function function(problem);
@@ -217,7 +222,7 @@ double referenceStrength(const DirectionData& data) noexcept {
   return isPositive(data.strength) ? data.strength : largest;
 }
 
-Problem problemOf(const DirectionData& data, double strength, double temperature) {
+Problem problemOf(const DirectionData& data, const double strength, const double temperature) {
   const double nu0 = attemptFrequency(temperature);
   Problem problem;
   problem.points = pointsOf(data, strength, nu0);
@@ -271,7 +276,7 @@ int relax(Problem& problem, Unknowns& unknowns) {
 
 }  // namespace
 
-DirectionFit fitDirection(const DirectionData& data, double temperature) {
+DirectionFit fitDirection(const DirectionData& data, const double temperature) {
   DirectionFit fit;
   const double strength = referenceStrength(data);
   const double matrixStrength = data.concentration * strength;

@@ -9,7 +9,7 @@ namespace {
 constexpr double kDegree = 3.14159265358979323846 / 180.0;
 constexpr double kAxisTolerance = 0.0174524064372835;  // sine of one degree
 
-bool isPositive(double value) noexcept {
+bool isPositive(const double value) noexcept {
   return std::isfinite(value) && value > 0.0;
 }
 
@@ -22,17 +22,17 @@ bool isCompressive(const SnRecord& record) noexcept {
   return std::abs(record.ratio) > 1.0 || (record.stress < 0.0 && record.ratio > -1.0);
 }
 
-double strengthOf(const SensedStrength& strength, bool compressive) noexcept {
+double strengthOf(const SensedStrength& strength, const bool compressive) noexcept {
   return compressive ? strength.compression : strength.tension;
 }
 
 }  // namespace
 
-LoadDirection loadDirection(double angle) noexcept {
+LoadDirection loadDirection(const double angle) noexcept {
   return {std::cos(angle * kDegree), std::sin(angle * kDegree)};
 }
 
-LoadAxis loadAxis(double angle) noexcept {
+LoadAxis loadAxis(const double angle) noexcept {
   const auto direction = loadDirection(angle);
   if (std::abs(direction.sine) < kAxisTolerance) {
     return LoadAxis::along;
@@ -40,7 +40,7 @@ LoadAxis loadAxis(double angle) noexcept {
   return std::abs(direction.cosine) < kAxisTolerance ? LoadAxis::across : LoadAxis::oblique;
 }
 
-void DirectionalTests::add(const SnRecord& record, double normal, double shear) {
+void DirectionalTests::add(const SnRecord& record, const double normal, const double shear) {
   if (!isUsable(record)) {
     return;
   }
@@ -59,11 +59,11 @@ void DirectionalTests::addAxial(const SnRecord& record) {
   add(record, 1.0, 0.0);
 }
 
-void DirectionalTests::addOblique(const SnRecord& record, double normal, double shear) {
+void DirectionalTests::addOblique(const SnRecord& record, const double normal, const double shear) {
   add(record, normal, shear);
 }
 
-DirectionData DirectionalTests::data(double concentration) const {
+DirectionData DirectionalTests::data(const double concentration) const {
   const bool pushesOnly =
       !tests_.empty() && std::all_of(tests_.begin(), tests_.end(), [](const SensedTest& entry) {
         return entry.isCompressive;

@@ -10,11 +10,13 @@ constexpr std::size_t kComponents = 6;
 enum Component : std::size_t { c11, c22, c33, c12, c13, c23 };
 using Stress = std::array<double, kComponents>;
 
-double entry(const ConcentrationColumns& matrix, std::size_t row, std::size_t column) noexcept {
+double entry(const ConcentrationColumns& matrix,
+             const std::size_t row,
+             const std::size_t column) noexcept {
   return matrix[kComponents * column + row];
 }
 
-Stress column(const ConcentrationColumns& matrix, std::size_t index) noexcept {
+Stress column(const ConcentrationColumns& matrix, const std::size_t index) noexcept {
   Stress stress{};
   for (std::size_t row = 0; row < kComponents; ++row) {
     stress[row] = entry(matrix, row, index);
@@ -23,7 +25,7 @@ Stress column(const ConcentrationColumns& matrix, std::size_t index) noexcept {
 }
 
 double component(const ConcentrationColumns& matrix,
-                 std::size_t row,
+                 const std::size_t row,
                  const Stress& stress) noexcept {
   double sum = 0.0;
   for (std::size_t index = 0; index < kComponents; ++index) {
@@ -38,7 +40,9 @@ Stress inWarpAxes(const Stress& s) noexcept {
 }
 
 SensedStrength kneeOrUltimate(const WeaveStrengths& strengths) noexcept {
-  const auto choose = [](double knee, double ultimate) { return knee > 0.0 ? knee : ultimate; };
+  const auto choose = [](const double knee, const double ultimate) {
+    return knee > 0.0 ? knee : ultimate;
+  };
   return {choose(strengths.knee.tension, strengths.ultimate.tension),
           choose(strengths.knee.compression, strengths.ultimate.compression)};
 }
@@ -55,7 +59,7 @@ TowMatrixStress towMatrixStress(const WeaveDecomposition& weave) noexcept {
 }
 
 FatigueFit fitPlainWeaveFatigue(const std::vector<SnRecord>& records,
-                                double temperature,
+                                const double temperature,
                                 const WeaveStrengths& strengths,
                                 const WeaveDecomposition& weave) {
   const auto matrix = towMatrixStress(weave);

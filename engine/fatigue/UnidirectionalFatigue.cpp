@@ -3,7 +3,7 @@
 namespace kx {
 
 FatigueFit fitUnidirectionalFatigue(const std::vector<SnRecord>& records,
-                                    double temperature,
+                                    const double temperature,
                                     const PlyStrengths& strengths,
                                     const MatrixConcentration& matrix) {
   DirectionalTests longitudinal(strengths.longitudinal, strengths.shear);

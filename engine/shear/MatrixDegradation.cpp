@@ -12,19 +12,19 @@ namespace {
 constexpr int kSamples = 41;
 constexpr double kLowestSample = 0.05;
 
-bool isPositive(double value) noexcept {
+bool isPositive(const double value) noexcept {
   return std::isfinite(value) && value > 0.0;
 }
 
 /// Axial shear modulus of the composite cylinder assemblage, hashin1979.
-double axialShearModulus(double c, double fiber, double matrix) noexcept {
+double axialShearModulus(const double c, const double fiber, const double matrix) noexcept {
   return matrix * (fiber * (1.0 + c) + matrix * (1.0 - c)) /
          (fiber * (1.0 - c) + matrix * (1.0 + c));
 }
 
 }  // namespace
 
-double matrixShearModulusFor(double c, double fiber, double composite) noexcept {
+double matrixShearModulusFor(const double c, const double fiber, const double composite) noexcept {
   const double linear = (fiber - composite) * (1.0 + c);
   const double constant = composite * fiber * (1.0 - c);
   const double root = std::sqrt(linear * linear + 4.0 * (1.0 - c) * constant);
@@ -52,10 +52,10 @@ MatrixDegradation fitMatrixDegradation(const std::vector<DegradationPair>& pairs
   return qr.rank() == 3 && c.allFinite() ? MatrixDegradation{c[0], c[1], c[2]} : kEqualDegradation;
 }
 
-MatrixDegradation unidirectionalMatrixDegradation(double fiberVolumeFraction,
-                                                  double fiberShearModulus,
-                                                  double matrixShearModulus,
-                                                  double lowestDegradation) {
+MatrixDegradation unidirectionalMatrixDegradation(const double fiberVolumeFraction,
+                                                  const double fiberShearModulus,
+                                                  const double matrixShearModulus,
+                                                  const double lowestDegradation) {
   const double c = fiberVolumeFraction;
   if (!isPositive(fiberShearModulus) || !isPositive(matrixShearModulus) || !isPositive(c) ||
       c >= 1.0) {

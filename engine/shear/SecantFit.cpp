@@ -90,7 +90,7 @@ struct Start {
   Unknowns unknowns{};
 };
 
-double logit(double fraction) noexcept {
+double logit(const double fraction) noexcept {
   return std::log(fraction / (1.0 - fraction));
 }
 
@@ -144,7 +144,7 @@ Start refined(const KneeProblem& problem, const Start& start, std::vector<double
   return result.cost < start.cost ? result : start;
 }
 
-SecantLaw fittedLaw(const Points& points, double slope, Measure measure) {
+SecantLaw fittedLaw(const Points& points, const double slope, Measure measure) {
   const KneeProblem problem{points, slope, measure};
   std::vector<double> residuals(points.size());
   Start best;
@@ -170,7 +170,7 @@ double largestStressDeviation(const SecantLaw& law, const Points& points) noexce
   return worst;
 }
 
-SecantLaw fitSecantLaw(const Points& points, double slope) {
+SecantLaw fitSecantLaw(const Points& points, const double slope) {
   const auto byStrain = fittedLaw(points, slope, Measure::strain);
   if (largestStressDeviation(byStrain, points) <= kTolerableStress) {
     return byStrain;

@@ -39,7 +39,7 @@ bool isLowerStress(const ShearPoint& a, const ShearPoint& b) noexcept {
 }
 
 /// Magnitudes sorted by strain, up to the first point that reaches the strength, or to the peak.
-Points rising(const Points& measured, double strength) {
+Points rising(const Points& measured, const double strength) {
   Points points;
   points.reserve(measured.size());
   for (const auto& point : measured) {
@@ -64,7 +64,7 @@ Points rising(const Points& measured, double strength) {
 }
 
 /// Slope through the origin; the points are relative to the peak.
-double initialSlope(const Points& points, double limit) noexcept {
+double initialSlope(const Points& points, const double limit) noexcept {
   double work = 0.0;
   double square = 0.0;
   for (std::size_t i = 0; i < points.size() && (i < 2 || points[i].stress <= limit); ++i) {
@@ -74,7 +74,7 @@ double initialSlope(const Points& points, double limit) noexcept {
   return work / square;
 }
 
-bool isLinear(const Points& points, double slope) noexcept {
+bool isLinear(const Points& points, const double slope) noexcept {
   return points.size() < 3 || std::all_of(points.begin(), points.end(), [slope](const auto& point) {
            return point.stress > kStraight * slope * point.strain;
          });
@@ -88,7 +88,7 @@ bool isFinite(const SecantLaw& law) noexcept {
 
 }  // namespace
 
-ShearReduction reduceShearCurve(const std::vector<ShearPoint>& measured, double strength) {
+ShearReduction reduceShearCurve(const std::vector<ShearPoint>& measured, const double strength) {
   const bool isStrengthGiven = std::isfinite(strength) && strength > 0.0;
   Points points = rising(measured, isStrengthGiven ? strength : HUGE_VAL);
   ShearReduction result;

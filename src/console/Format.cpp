@@ -33,7 +33,7 @@ class NumberStream {
  public:
   NumberStream() { stream_ << std::right << boost::locale::as::number; }
 
-  NumberStream(std::ios_base::fmtflags floatFormat, std::streamsize precision, int width)
+  NumberStream(std::ios_base::fmtflags floatFormat, std::streamsize precision, const int width)
       : NumberStream() {
     width_ = width;
     stream_.setf(floatFormat, std::ios_base::floatfield);
@@ -71,29 +71,29 @@ std::string listSeparator() {
                                                 : ", ";
 }
 
-std::locale withListSeparator(const std::locale& base, std::string_view userLocaleName) {
+std::locale withListSeparator(const std::locale& base, const std::string_view userLocaleName) {
   const bool isGerman = userLocaleName == "German_Germany.1252" || userLocaleName == "de_DE.UTF-8";
   return {base, new ListSeparator(isGerman ? "; " : ", ")};  // owned by the locale
 }
 
-std::string scientific(double value) {
+std::string scientific(const double value) {
   static NumberStream<char> stream(std::ios_base::scientific, 3, 10);
   return stream.write(value);
 }
 
-std::string display(double value) {
+std::string display(const double value) {
   return displayed<char>(value);
 }
 
-std::string display(std::int64_t value) {
+std::string display(const std::int64_t value) {
   return displayed<char>(value);
 }
 
-std::wstring wideDisplay(double value) {
+std::wstring wideDisplay(const double value) {
   return displayed<wchar_t>(value);
 }
 
-std::wstring wideDisplay(std::int64_t value) {
+std::wstring wideDisplay(const std::int64_t value) {
   return displayed<wchar_t>(value);
 }
 

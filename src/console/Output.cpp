@@ -52,7 +52,7 @@ Output& Output::wide(std::wstring_view text) {
   return *this;
 }
 
-Output& Output::widened(std::string_view text) {
+Output& Output::widened(const std::string_view text) {
   std::wstring characters;
   for (const char byte : text) {
     characters += std::wcout.widen(byte);
@@ -60,25 +60,25 @@ Output& Output::widened(std::string_view text) {
   return wide(characters);
 }
 
-Output& Output::text(std::string_view text) {
+Output& Output::text(const std::string_view text) {
   switchTo(Side::narrow);
   std::cout << text;
   return *this;
 }
 
-Output& Output::number(double value) {
+Output& Output::number(const double value) {
   return text(display(value));
 }
 
-Output& Output::integer(std::int64_t value) {
+Output& Output::integer(const std::int64_t value) {
   return text(display(value));
 }
 
-Output& Output::wideNumber(double value) {
+Output& Output::wideNumber(const double value) {
   return wide(wideDisplay(value));
 }
 
-Output& Output::wideInteger(std::int64_t value) {
+Output& Output::wideInteger(const std::int64_t value) {
   return wide(wideDisplay(value));
 }
 

@@ -61,7 +61,7 @@ class SteadyConversion : public Conversion {
   int do_length(std::mbstate_t& state,
                 const char* from,
                 const char* fromEnd,
-                std::size_t count) const override {
+                const std::size_t count) const override {
     return inner_.length(state, from, fromEnd, count);
   }
   int do_max_length() const noexcept override { return inner_.max_length(); }
