@@ -21,7 +21,7 @@ inline constexpr double kConsistentError = 1e-6;
 
 /// The most probable z, where a start value is known to one standard deviation in z and a target to
 /// kLaminaScatter over its weight: minimises |r(z)|^2 + lam |z|^2 for lam = kLaminaScatter^2, then
-/// for lam / 10, lam / 100, ..., each from the solution before.
+/// for lam / 100, lam / 10000, ..., each from the solution before.
 ///
 /// - When the targets can be met, lam -> 0 gives the one of all exact solutions that is nearest to
 ///   the start (tikhonov1977, chapter II).
@@ -34,7 +34,7 @@ ContinuationResult<Problem::kParameters> mostProbableFit(
     const Eigen::Matrix<double, Problem::kParameters, 1>& lower,
     const Eigen::Matrix<double, Problem::kParameters, 1>& upper,
     const ProgressHook& hook) {
-  constexpr int kStages = 12;
+  constexpr int kStages = 7;
   constexpr double kExactError = 1e-9;  // rounding of the model; nothing left to gain
 
   using Result = ContinuationResult<Problem::kParameters>;
@@ -52,7 +52,7 @@ ContinuationResult<Problem::kParameters> mostProbableFit(
   const Result compromise = minimised(start);
   Result exact = compromise;
   for (int stage = 1; stage < kStages && exact.error >= kExactError; ++stage) {
-    lam /= 10.0;
+    lam /= 100.0;
     exact = minimised(exact);
   }
   Result chosen = exact.error <= kConsistentError ? exact : compromise;

@@ -110,10 +110,13 @@ class FieldFit {
   void minimise(Point& point, const double lam, const int steps) {
     constexpr double kNoGain = 1e-4;
     constexpr double kNoMerit = 1e-14;
+    constexpr double kGoodRatio = 0.7;
+    constexpr double kPoorRatio = 0.3;
     for (int step = 0; step < steps && solves_ < kMostSolves; ++step) {
       problem_.setSensitivity(point.sensitivity);
       const double current = problem_.merit(point.z, lam);
-      const Vector next = surrogateMinimum(point.z, lam);
+      const Vector from = point.z;
+      const Vector next = surrogateMinimum(from, lam);
       const double promised = current - problem_.merit(next, lam);
       if (!(promised > kNoGain * current + kNoMerit)) {
         return;
@@ -124,10 +127,12 @@ class FieldFit {
       if (gained > 0.0) {
         point = trial;
       }
-      if (gained > 0.7 * promised) {
+      const double length = (next - from).cwiseQuotient(reach_).template lpNorm<Eigen::Infinity>();
+      if (gained > kGoodRatio * promised) {
         radius_ *= 2.0;
-      } else if (gained <= 0.0) {
-        radius_ *= 0.3;
+      } else if (gained < kPoorRatio * promised) {
+        // From one side of a valley to the other: what was promised holds on half of the way.
+        radius_ = 0.5 * length;
       }
       if (point.error <= kExactError) {
         return;
