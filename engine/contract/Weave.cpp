@@ -1,6 +1,7 @@
 // The contract's functions for woven laminae.
 
 #include <algorithm>
+#include <limits>
 
 #include "contract/Arguments.h"
 #include "contract/EngineState.h"
@@ -194,7 +195,7 @@ void WEAVE_DAMAGE_STATE(int32_t* pocketCode,
                             {fillBlock, 2 * kSlot},
                             {warpBlock, 2 * kSlot}};
   kx::guarded(outputs, [&] {
-    kx::fillWith(0.0, outputs);
+    kx::fillWith(std::numeric_limits<double>::quiet_NaN(), outputs);
     const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
     const auto materials = constituentsFrom(fiber, matrix);
     if (!makeAPly(weave, materials)) {

@@ -13,7 +13,7 @@ constexpr double kFiberFactor = 0.01;
 constexpr double kSmallestFactor = 1e-4;
 
 double factorOr(const double given, const double standIn) {
-  return given > 0.0 && given <= 1.0 ? std::max(given, kSmallestFactor) : standIn;
+  return given > 0.0 ? std::clamp(given, kSmallestFactor, 1.0) : standIn;
 }
 
 TransverselyIsotropic softened(TransverselyIsotropic solid, const double factor) {

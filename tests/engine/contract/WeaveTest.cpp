@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -101,23 +102,45 @@ TEST(WeaveDamageState, BlocksHoldTheSlotsInTheirOrder) {
   EXPECT_EQ(call.fillBlock[kFiber + KX_SLOT_STRAIN + 6], 0.0);
 }
 
-TEST(WeaveDamageState, AnswersNonsenseWithZeros) {
-  DamageCall call;
-  call.weave.harness = 3;
-  call.run();
-  EXPECT_EQ(call.composite, kx::test::Twelve{});
-}
-
-TEST(WeaveDamageState, AnswersWhatOverflowsWithZeros) {
-  DamageCall call;
-  call.fiber[0] = 1e300;
-  call.run();
-  for (const double number : call.composite) {
-    EXPECT_EQ(number, 0.0);
+void expectNoNumbers(const DamageCall& call) {
+  for (const auto& set : {call.composite,
+                          call.matrixPocket,
+                          call.fill,
+                          call.warp,
+                          call.fillFiber,
+                          call.fillMatrix,
+                          call.warpFiber,
+                          call.warpMatrix}) {
+    EXPECT_TRUE(std::all_of(set.begin(), set.end(), [](double n) { return std::isnan(n); }));
   }
   for (const double number : call.unitCellBlock) {
-    EXPECT_EQ(number, 0.0);
+    EXPECT_TRUE(std::isnan(number));
   }
+}
+
+TEST(WeaveDamageState, HasNoNumbersWhereThereIsNoModel) {
+  DamageCall unknownWeave;
+  unknownWeave.weave.harness = 3;
+  DamageCall tooDense;
+  tooDense.weave.towFractions = {0.6, 0.5};
+  DamageCall overflowing;
+  overflowing.fiber[0] = 1e300;
+  DamageCall incompressible;
+  incompressible.matrix = twelve(kx::isotropic(3.5e9, 0.5, 5.5e-5));
+  for (DamageCall* call : {&unknownWeave, &tooDense, &overflowing, &incompressible}) {
+    call->run();
+    expectNoNumbers(*call);
+  }
+}
+
+TEST(WeaveDamageState, FactorsAboveOneAreOne) {
+  DamageCall call;
+  call.fillCode.value() = 2;
+  call.fiberDegradation = 7.0;
+  call.matrixDegradation = 1e-9;
+  call.run();
+  EXPECT_DOUBLE_EQ(call.fillFiber[0], 230e9);
+  EXPECT_DOUBLE_EQ(call.fillMatrix[0], 1e-4 * 3.5e9);
 }
 
 TEST(WeaveOptimization, ReturnsThePlyOfTheFirstDamageState) {

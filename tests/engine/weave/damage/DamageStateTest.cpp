@@ -39,11 +39,17 @@ TEST(DamageState, FailedPhasesKeepPoissonsRatiosAndExpansions) {
 }
 
 TEST(DamageState, FactorsThatAreNotGivenAreATenthAndAHundredth) {
-  for (const double missing : {0.0, -1.0, 1.5, std::nan("")}) {
+  for (const double missing : {0.0, -1.0, std::nan("")}) {
     const DamageState state = stateOf({0, 2, 0}, {missing, missing});
     EXPECT_DOUBLE_EQ(state.fillMatrix.e11, 0.1 * kMatrix.e11);
     EXPECT_DOUBLE_EQ(state.fillFiber.e11, 0.01 * kFiber.e11);
   }
+}
+
+TEST(DamageState, FactorsAboveOneAreOne) {
+  const DamageState state = stateOf({0, 2, 0}, {7.0, 1.5});
+  EXPECT_DOUBLE_EQ(state.fillMatrix.e11, kMatrix.e11);
+  EXPECT_DOUBLE_EQ(state.fillFiber.e11, kFiber.e11);
 }
 
 TEST(DamageState, TinyFactorsAreRaised) {
