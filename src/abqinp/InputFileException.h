@@ -18,7 +18,7 @@ class InputFileException : public std::runtime_error {
   static InputFileException missingParent(const std::string& name, const std::string& parent);
 
  private:
-  using std::runtime_error::runtime_error;
+  explicit InputFileException(const std::string& message) : std::runtime_error(message) {}
 };
 
 }  // namespace abqinp

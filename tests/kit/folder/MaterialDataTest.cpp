@@ -117,7 +117,7 @@ TEST(MaterialData, HasAPlaceForEveryNumberOfAUnidirectionalFile) {
   const MaterialData data = read(renumbered(uniFile(), count));
   const std::vector<double> numbers = AllNumbers(data).numbers();
   // pS33, nS33 and S13 of both environments repeat others and are left out.
-  const std::size_t repeated = 2 * 3 * kVariedNumbers;
+  const std::size_t repeated = std::size_t{2} * 3 * kVariedNumbers;
   EXPECT_EQ(numbers.size() + repeated, static_cast<std::size_t>(count));
   EXPECT_EQ(setOf(numbers).size(), numbers.size()) << "a number stands in two places";
 }
