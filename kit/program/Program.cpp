@@ -7,6 +7,7 @@
 #include "check/CheckCommand.h"
 #include "command/Context.h"
 #include "solve/SolveCommand.h"
+#include "table/TableCommand.h"
 #include "verdict/VerdictCommand.h"
 
 namespace lamkit {
@@ -17,7 +18,7 @@ using AddCommand = void (*)(CLI::App& program, Context& context);
 
 /// Every subcommand, in the order of the help. Each adds itself to the program, with a callback
 /// that does its work in the context.
-constexpr std::array<AddCommand, 3> kCommands{addCheck, addVerdict, addSolve};
+constexpr std::array<AddCommand, 4> kCommands{addCheck, addVerdict, addSolve, addTable};
 
 /// What the command line lacks, or the help or the version that it asks for.
 ExitCode answer(const CLI::App& program, const CLI::ParseError& error, Context& context) {

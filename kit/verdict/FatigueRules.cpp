@@ -8,6 +8,7 @@
 
 #include "check/Wording.h"
 #include "verdict/Amount.h"
+#include "verdict/LifeScatter.h"
 #include "verdict/Rule.h"
 
 namespace lamkit {
@@ -130,13 +131,10 @@ void lookAtConstants(const EnvironmentData& environment,
   }
 }
 
-void lookAtScatter(const EnvironmentData& environment,
-                   const std::size_t index,
-                   Findings& findings) {
-  const double law = environment.errors.finalFatigue;
-  const double line = straightLineScatter(environment.snRecords);
-  if (environment.hasFatigueFit && law > kOrdinaryScatter && line > 0.0 &&
-      law > kScatterFactor * line) {
+void lookAtScatter(const Subject& subject, const std::size_t index, Findings& findings) {
+  const double law = lawScatter(subject, index);
+  const double line = straightLineScatter(subject.folder.data.environments[index].snRecords);
+  if (law > kOrdinaryScatter && line > 0.0 && law > kScatterFactor * line) {
     Finding finding = findingAbout(
         "fatigue",
         Severity::warning,
@@ -161,7 +159,7 @@ Findings fatigueRules(const Subject& subject) {
     }
     if (!folder.data.isWoven()) {  // of a weave the files hold neither constants nor error
       lookAtConstants(environment, i, findings);
-      lookAtScatter(environment, i, findings);
+      lookAtScatter(subject, i, findings);
     }
     lookWhatIsUntested(environment, i, findings);
   }
