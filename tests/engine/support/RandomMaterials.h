@@ -21,6 +21,12 @@ class RandomMaterials {
     return low * std::exp(uniform(0.0, std::log(high / low)));
   }
 
+  /// By Box and Muller, so that the numbers are the same with every standard library.
+  double normal() {
+    const double radius = std::sqrt(-2.0 * std::log(1.0 - uniform(0.0, 1.0)));
+    return radius * std::cos(2.0 * 3.14159265358979323846 * uniform(0.0, 1.0));
+  }
+
   TransverselyIsotropic transverselyIsotropic(const double lowModulus, const double highModulus) {
     TransverselyIsotropic solid;
     do {
