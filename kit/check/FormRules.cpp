@@ -222,11 +222,12 @@ void checkUnknownParameter(const Subject& subject,
                                   "a point");
     return;
   }
+  const std::string near = nearest(name, known);
   subject.add("unknown-parameter",
               Severity::warning,
               spot,
-              keyword + " has no parameter " + withNearest(name, known) +
-                  " The program ignores it: correct or remove it");
+              keyword + " has no parameter " + name + ", and the program ignores it: " +
+                  (near.empty() ? "remove it" : "was " + near + " meant?"));
 }
 
 void checkParameters(const Subject& subject) {
@@ -277,7 +278,7 @@ void checkWord(const Subject& subject,
       severity,
       parameterSpot(subject.keyword, parameter, subject.environment),
       parameter + " is \"" + text + "\", " + consequence + ": " +
-          (near.empty() ? "write " + listed(words)
+          (near.empty() ? "write " + (words.size() > 6 ? std::string("one of them") : listed(words))
                         : "was " + near + " meant?" + (isCase ? " Write it without quotes" : "")));
 }
 

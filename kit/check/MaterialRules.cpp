@@ -283,8 +283,12 @@ void checkTemperature(const Reading& reading,
       {{4.0, 4.5}, {20.2, 20.5}, {76.5, 78.0}, {109.0, 113.0}}};
   const bool isCryogenic = std::any_of(
       kCryogenic.begin(), kCryogenic.end(), [&](const Range& r) { return r.holds(kelvin); });
-  constexpr double kLeastUsual = 150.0;
-  if (isCryogenic || (range.holds(kelvin) && kelvin >= kLeastUsual)) {
+  const bool isRankine = factor < 1.0;
+  const double leastUsual = isRankine ? 200.0 : 150.0;  // 296 R, meant as K, is 164 K
+  // A fraction of 0.15 is what a conversion from Celsius leaves.
+  const bool isConverted =
+      !isRankine && kelvin > 73.0 && std::abs(kelvin - std::floor(kelvin) - 0.15) < 0.011;
+  if (isCryogenic || isConverted || (range.holds(kelvin) && kelvin >= leastUsual)) {
     return;
   }
   const std::string scale = otherScale(value, factor, {200.0, 480.0});

@@ -13,7 +13,7 @@ namespace {
 /// How far outside its range a value is no matter of material any more.
 constexpr double kAbsurd = 1e3;
 /// How far outside a single value is more likely in another unit than unusual.
-constexpr double kOtherUnit = 50.0;
+constexpr double kOtherUnit = 20.0;
 
 const Unit* fittingUnit(const QuantityGroup& group,
                         const std::vector<const Quantity*>& quantities) {
@@ -77,18 +77,20 @@ void addSlip(const QuantityGroup& group,
   report.add("unit-slip", Severity::error, quantity.spot, message, figuresOf(quantity));
 }
 
-void judgeSingle(const QuantityGroup& group, const Quantity& quantity, Report& report) {
+/// Answers whether it is a slip of units.
+bool judgeSingle(const QuantityGroup& group, const Quantity& quantity, Report& report) {
   const Unit* const unit = fittingUnit(group, {&quantity});
   const double off = excess(quantity);
   if (unit != nullptr && off >= kOtherUnit) {
     addSlip(group, quantity, *unit, 0, report);
-    return;
+    return true;
   }
   report.add("implausible",
              off >= kAbsurd ? Severity::error : Severity::warning,
              quantity.spot,
              isText(quantity) + ", " + usualText(group, quantity) + ": check it",
              figuresOf(quantity));
+  return false;
 }
 
 }  // namespace
@@ -108,14 +110,15 @@ bool judge(const QuantityGroup& group, Report& report) {
     return false;
   }
   const Unit* const unit = fittingUnit(group, given);
-  if (unit != nullptr && (unusual.size() >= 2 || given.size() == 1)) {
+  if (unit != nullptr && unusual.size() >= 2) {
     addSlip(group, *unusual.front(), *unit, given.size() - 1, report);
     return true;
   }
+  bool slipped = false;
   for (const Quantity* const quantity : unusual) {
-    judgeSingle(group, *quantity, report);
+    slipped = judgeSingle(group, *quantity, report) || slipped;
   }
-  return false;
+  return slipped;
 }
 
 }  // namespace lamkit

@@ -222,7 +222,7 @@ Range densityRange(const Families& families) {
 
 /// [m] Spread tows of 15 micrometres to plies of heavy rovings.
 Range thicknessRange() {
-  return {1e-5, 0.02};
+  return {1e-5, 5e-3};
 }
 
 /// [K] What plies are tested at: liquid helium to the degradation of the polymer.

@@ -1,9 +1,11 @@
 #include "check/SetRules.h"
 
-#include <cmath>
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "check/Forms.h"
+#include "check/MaterialRules.h"
 #include "check/Quantities.h"
 #include "check/Sets.h"
 #include "check/Wording.h"
@@ -42,34 +44,33 @@ std::string labelOf(const Property property) {
   return lamcraft::kPropertyRows[indexOf(property)].label;
 }
 
+/// What a set is good for.
+enum class SetState {
+  none,        ///< nothing
+  comparable,  ///< its values are in their units
+  good         ///< it can be computed with
+};
+
 /// The checks of one set.
 class SetCheck {
  public:
   SetCheck(const Reading& reading, const SetView& view, Report& report)
       : view_(view),
         report_(report),
-        families_(familiesOf(systemOf(reading))),
+        families_(familiesOf(systemName(reading))),
         unitSystem_(reading.composite().unitSystem),
         properties_(givenProperties(view.set->symmetry)) {}
 
-  /// Whether the set can be computed with.
-  bool run() {
+  SetState run() {
     if (!areWithinBounds()) {
-      return false;
+      return SetState::none;
     }
     const bool slipped = judgeUnits();
     const bool admissible = isAdmissible();
-    return admissible && !slipped;
+    return slipped ? SetState::none : (admissible ? SetState::good : SetState::comparable);
   }
 
  private:
-  static std::string systemOf(const Reading& reading) {
-    const abqinp::Keyword* const material = reading.last("MATERIAL");
-    return material != nullptr && material->hasParameter("SYSTEM")
-               ? material->parameterText("SYSTEM")
-               : std::string();
-  }
-
   [[nodiscard]] std::string named(const Property property) const {
     return std::string(view_.title) + " " + labelOf(property) + " is " +
            shown(view_.value(property), unitOf(dimensionOf(property), unitSystem_));
@@ -255,14 +256,28 @@ void checkOrder(const SetViews& views, const bool isWoven, Report& report) {
   }
 }
 
-bool checkSet(const Reading& reading, const SetView& view, Report& report) {
+/// A set that DEFAULT takes from a system without defaults is all zeros.
+SetState checkDefaults(const SetView& view, Report& report) {
+  if (kx::isAdmissible(view.base)) {
+    return SetState::good;
+  }
+  report.add("missing-value",
+             Severity::error,
+             spotOf(*view.keyword, view.environment),
+             std::string(view.title) +
+                 ", DEFAULT takes what SYSTEM of MATERIAL names, which is no material system: name "
+                 "one, or give values");
+  return SetState::none;
+}
+
+SetState checkSet(const Reading& reading, const SetView& view, Report& report) {
   if (view.keyword == nullptr) {
-    return false;
+    return SetState::none;
   }
   if (view.set->kind == lamcraft::PropertySet::Kind::systemDefaults) {
-    return true;
+    return checkDefaults(view, report);
   }
-  return reading.isSound(view.keyword) && SetCheck(reading, view, report).run();
+  return reading.isSound(view.keyword) ? SetCheck(reading, view, report).run() : SetState::none;
 }
 
 void checkTarget(const SetView& lamina, const Reading& reading, Report& report) {
@@ -285,15 +300,15 @@ void checkTarget(const SetView& lamina, const Reading& reading, Report& report) 
 
 bool checkSets(const Reading& reading, const EnvironmentKeywords& environment, Report& report) {
   const SetViews views = setViews(reading, environment);
-  const bool isLamina = checkSet(reading, views.lamina, report);
-  const bool isFiber = checkSet(reading, views.fiber, report);
-  const bool isMatrix = checkSet(reading, views.matrix, report);
+  const SetState lamina = checkSet(reading, views.lamina, report);
+  const SetState fiber = checkSet(reading, views.fiber, report);
+  const SetState matrix = checkSet(reading, views.matrix, report);
   checkTarget(views.lamina, reading, report);
-  const bool isAll = isLamina && isFiber && isMatrix;
-  if (isAll) {
+  const SetState worst = std::min({lamina, fiber, matrix});
+  if (worst != SetState::none) {
     checkOrder(views, reading.composite().isWoven(), report);
   }
-  return isAll;
+  return worst == SetState::good;
 }
 
 }  // namespace lamkit

@@ -37,6 +37,13 @@ Spot SetView::spotOf(const Property property) const {
   return valueSpot(*keyword, 0, static_cast<std::size_t>(place - given.begin()), environment);
 }
 
+bool isUsual(const SetView& view, const Property property, const Families& families) {
+  const kx::Properties& base = view.base;
+  const double value = base.*kx::kPropertyOrder<double>[indexOf(property)];
+  return propertyRange(view.kind, families, lamcraft::kPropertyRows[indexOf(property)].label)
+      .holds(value);
+}
+
 SetViews setViews(const Reading& reading, const EnvironmentKeywords& environment) {
   const lamcraft::Composite& composite = reading.composite();
   const lamcraft::EnvironmentRecord& record = composite.environments[environment.number - 1];

@@ -29,6 +29,11 @@ struct SetView {
   [[nodiscard]] double value(lamcraft::Property property) const { return set->working(property); }
 };
 
+/// Whether a property of the set lies in the usual range of the material system.
+[[nodiscard]] bool isUsual(const SetView& view,
+                           lamcraft::Property property,
+                           const Families& families);
+
 /// The three sets of an environment.
 struct SetViews {
   SetView lamina;

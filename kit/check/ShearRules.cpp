@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "check/CurveRules.h"
+#include "check/MaterialRules.h"
+#include "check/Sets.h"
 #include "check/Wording.h"
 #include "model/UnitFactors.h"
 #include "shear/ShearCurve.h"
@@ -31,7 +33,8 @@ constexpr std::array<StrainSlip, 5> kStrainSlips{{
 struct Curve {
   std::vector<kx::ShearPoint> points;
   double strength;
-  double modulus;  ///< G12 of the ply; 0 when it is not given
+  double modulus;   ///< G12 of the ply
+  bool hasModulus;  ///< and it is what plies have
 };
 
 std::size_t strengthPlace(const lamcraft::Composite& composite) {
@@ -44,7 +47,10 @@ Curve curveOf(const Reading& reading, const EnvironmentKeywords& environment) {
       reading.composite().environments[environment.number - 1];
   Curve curve{{},
               record.strengths[strengthPlace(reading.composite())].value(),
-              record.lamina.working(lamcraft::Property::g12)};
+              record.lamina.working(lamcraft::Property::g12),
+              isUsual(setViews(reading, environment).lamina,
+                      lamcraft::Property::g12,
+                      familiesOf(systemName(reading)))};
   for (std::size_t i = 0; i < record.shearStress.size(); ++i) {
     curve.points.push_back({record.shearStress[i], record.shearStrain[i]});
   }
@@ -66,7 +72,7 @@ bool isTransposed(const Curve& curve) {
 void checkSlope(const Curve& curve, const Spot& spot, const double slope, Report& report) {
   constexpr double kTolerance = 0.15;
   constexpr double kSlipTolerance = 0.25;
-  if (curve.modulus <= 0.0 || slope <= 0.0) {
+  if (!curve.hasModulus || slope <= 0.0) {
     return;
   }
   const double ratio = slope / curve.modulus;

@@ -121,11 +121,6 @@ std::string nearest(const std::string_view text, const std::vector<std::string>&
   return best;
 }
 
-std::string withNearest(const std::string& text, const std::vector<std::string>& names) {
-  const std::string near = nearest(text, names);
-  return near.empty() ? text : text + ": " + near + "?";
-}
-
 std::string listed(const std::vector<std::string>& names) {
   std::string text;
   for (std::size_t i = 0; i < names.size(); ++i) {

@@ -29,10 +29,6 @@ namespace lamkit {
 /// missing, added or exchanged. Empty when none is that near.
 [[nodiscard]] std::string nearest(std::string_view text, const std::vector<std::string>& names);
 
-/// "text: NEAREST?" or "text" alone when nothing is near.
-[[nodiscard]] std::string withNearest(const std::string& text,
-                                      const std::vector<std::string>& names);
-
 /// "A, B or C"
 [[nodiscard]] std::string listed(const std::vector<std::string>& names);
 
