@@ -64,12 +64,12 @@ std::vector<abqinp::Keyword> keywordsOf(std::string_view deck) {
 
 void checkEnvironment(const Reading& reading,
                       const EnvironmentKeywords& environment,
-                      const bool hasFractions,
+                      const bool wantsStart,
                       Report& report) {
   checkTemperature(reading, environment, report);
   const bool hasSets = checkSets(reading, environment, report);
   checkStrengths(reading, environment, hasSets, report);
-  if (hasSets && hasFractions) {
+  if (hasSets && wantsStart) {
     checkStart(reading, environment, report);
   }
   checkShearCurve(reading, environment, report);
@@ -79,8 +79,9 @@ void checkEnvironment(const Reading& reading,
 void checkReading(const Reading& reading, const CheckOptions& options, Report& report) {
   checkMissingKeywords(reading, options.withFolders, report);
   const bool hasFractions = checkMaterial(reading, report);
+  const bool wantsStart = hasFractions && (options.withWeaves || !reading.composite().isWoven());
   for (const EnvironmentKeywords& environment : reading.environments) {
-    checkEnvironment(reading, environment, hasFractions, report);
+    checkEnvironment(reading, environment, wantsStart, report);
   }
   if (options.withFolders) {
     checkFolder(reading, report);

@@ -12,6 +12,7 @@ namespace lamkit {
 /// What is looked at.
 struct CheckOptions {
   bool withFolders = true;  ///< SOLVE and the folders of a run: not where these are known otherwise
+  bool withWeaves = true;   ///< the start of woven plies, which takes a solution of their unit cell
 };
 
 /// All that is wrong or doubtful in the deck at `path`, in the order of its lines. Throws Failure

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <exception>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "abqinp/InputFileException.h"
+#include "abqinp/Number.h"
 #include "check/FormRules.h"
 #include "check/Forms.h"
 #include "check/NumberText.h"
@@ -150,9 +150,9 @@ class DeckWalk {
       system = known == systems.end() ? system : *known;
       const abqinp::DataRow row = refused->row(0);
       for (const abqinp::Value& value : row.values()) {
-        const NumberText number = readNumber(value.text);
-        values +=
-            (number.isNumber && isSystemCode(number.number) ? value.text : std::string()) + ",";
+        const bool isReadable =
+            values.empty() ? isInteger(value.text) : readNumber(value.text).isNumber;
+        values += (isReadable ? value.text : std::string()) + ",";
       }
     }
     Keyword keyword =
@@ -161,10 +161,14 @@ class DeckWalk {
     reading_.interpretation.interpret(keyword);
   }
 
-  /// Whether the number also fits an integer, as the first one of MATERIAL must.
-  static bool isSystemCode(const double number) {
-    constexpr double kLargest = 2e9;
-    return std::abs(number) < kLargest;
+  /// The unit system is read as an integer, and ".7" is none.
+  static bool isInteger(const std::string& text) {
+    try {
+      static_cast<void>(abqinp::toInt(text));
+      return true;
+    } catch (const std::invalid_argument&) {
+      return false;
+    }
   }
 
   bool isMisplaced(const Keyword& keyword) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -220,7 +221,14 @@ void checkDegradation(const Reading& reading, Report& report) {
   };
   const bool isMatrix = check(matrix, "matrix", 0);
   const bool isFiber = check(fiber, "fiber", 1);
-  if (isMatrix && isFiber && fiber > matrix) {
+  std::ostringstream reasons;
+  if (isMatrix && isFiber && !composite.validate(reasons)) {  // of a weave, it looks at these alone
+    report.add("out-of-range",
+               Severity::error,
+               valueSpot(*keyword, 0, 0),
+               "a satin is refused with factors of DEGRADATION this small: write at least 1e-4",
+               {shown(matrix) + ", " + shown(fiber), {}});
+  } else if (isMatrix && isFiber && fiber > matrix) {
     report.add("swapped",
                Severity::note,
                valueSpot(*keyword, 0, 0),

@@ -37,7 +37,7 @@ double excess(const Quantity& quantity) {
   const double value = quantity.base();
   const Range& range = quantity.range;
   const double bound = value > range.high ? range.high : range.low;
-  if (std::isfinite(value) && value * bound > 0.0) {
+  if (std::isfinite(value) && value != 0.0 && (value > 0.0) == (bound > 0.0) && bound != 0.0) {
     return std::max(value / bound, bound / value);
   }
   const double scale = std::max(std::abs(range.low), std::abs(range.high));

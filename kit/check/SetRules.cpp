@@ -1,6 +1,7 @@
 #include "check/SetRules.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -85,9 +86,15 @@ class SetCheck {
   }
 
   bool areWithinBounds() {
+    constexpr double kLeast = 1e-15;  // below it numbers are typing errors, or overflow as divisors
     bool isGood = true;
     for (const Property property : properties_) {
       const double value = view_.value(property);
+      if (value != 0.0 && std::abs(value) < kLeast) {
+        add("implausible", Severity::error, property, ", which is nothing: write 0 or the value");
+        isGood = false;
+        continue;
+      }
       if (dimensionOf(property) == Dimension::stress) {
         isGood = isModulus(property, value) && isGood;
       } else if (dimensionOf(property) == Dimension::none) {
