@@ -83,21 +83,20 @@ std::unique_ptr<TestComposite> weave(const std::int64_t environments) {
     fillCommon(environment, numbers);
     environment.damageStates = allDamageStates();
     for (DamageStateRecord& state : environment.damageStates) {
-      for (auto& set : state.data.sets) {
+      for (auto& set : state.sets) {
         for (double& number : set) {
           number = numbers();
         }
       }
-      for (DecompositionSlot& slot : state.data.unitCell) {
+      for (DecompositionSlot& slot : state.unitCell) {
         fill(slot, numbers);
       }
-      for (DecompositionSlot& slot : state.data.fillTow) {
+      for (DecompositionSlot& slot : state.fillTow) {
         fill(slot, numbers);
       }
-      for (DecompositionSlot& slot : state.data.warpTow) {
+      for (DecompositionSlot& slot : state.warpTow) {
         fill(slot, numbers);
       }
-      state.publish();
     }
   }
   return composite;

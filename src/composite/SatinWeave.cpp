@@ -125,7 +125,7 @@ void SatinWeave::computeDamageState(const std::string& folder,
                                     const EnvironmentRecord& environment,
                                     const std::int32_t snCount,
                                     DamageStateRecord& record) const {
-  console::Output().message(console::kDamageState).text(" ").number(record.data.state).endLine();
+  console::Output().message(console::kDamageState).text(" ").number(record.state).endLine();
   micromechanics::computeDamageState(geometry(), folder, environment, snCount, record);
 }
 

@@ -15,9 +15,8 @@ bool areNumbers(const double* const properties) {
 }
 
 bool areNumbers(const DamageStateRecord& state) {
-  const auto& sets = state.data.sets;
   return std::all_of(
-      sets.begin(), sets.end(), [](const auto& set) { return areNumbers(set.data()); });
+      state.sets.begin(), state.sets.end(), [](const auto& set) { return areNumbers(set.data()); });
 }
 
 }  // namespace
@@ -35,7 +34,7 @@ std::string setWithoutNumbers(const EnvironmentRecord& environment) {
   for (const auto* const states : {&environment.damageStates, &environment.fatigueDamageStates}) {
     for (const DamageStateRecord& state : *states) {
       if (!areNumbers(state)) {
-        return "damage state " + std::to_string(state.data.state);
+        return "damage state " + std::to_string(state.state);
       }
     }
   }

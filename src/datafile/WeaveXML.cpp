@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "datafile/CompositeXML.h"
@@ -18,57 +18,54 @@ using States = std::vector<DamageStateRecord>;
 /// Which decomposition block of a damage state a constituent belongs to.
 enum class Block { unitCell, fillTow, warpTow };
 
-/// What a constituent's element shows of the damage states, and where it stands.
+constexpr const char* kNone = "";  ///< the parent of what stands in the environment itself
+
+/// Where a constituent's element stands, and what it shows of the damage states.
 struct ConstituentRow {
   const char* name;
+  const char* parent;
   DamageSet set;
   Block block;
+  std::size_t slot;
 };
 
-/// In the order of the file. The rows of a tow block stand in the element of the tow before them.
+using namespace constituents;
+
+/// In the order of the file, as far as they have the same parent.
 constexpr std::array<ConstituentRow, 8> kConstituentRows{{
-    {constituents::kMatrixPocket, DamageSet::matrixPocket, Block::unitCell},
-    {constituents::kFill, DamageSet::fill, Block::unitCell},
-    {constituents::kFillFiber, DamageSet::fillFiber, Block::fillTow},
-    {constituents::kFillMatrix, DamageSet::fillMatrix, Block::fillTow},
-    {constituents::kWarp, DamageSet::warp, Block::unitCell},
-    {constituents::kWarpFiber, DamageSet::warpFiber, Block::warpTow},
-    {constituents::kWarpMatrix, DamageSet::warpMatrix, Block::warpTow},
-    {constituents::kInterface, DamageSet::interfaceLayer, Block::unitCell},
+    {kMatrixPocket, kNone, DamageSet::matrixPocket, Block::unitCell, KX_CELL_POCKET},
+    {kFill, kNone, DamageSet::fill, Block::unitCell, KX_CELL_FILL},
+    {kWarp, kNone, DamageSet::warp, Block::unitCell, KX_CELL_WARP},
+    {kInterface, kNone, DamageSet::interfaceLayer, Block::unitCell, KX_CELL_INTERFACE},
+    {kFillFiber, kFill, DamageSet::fillFiber, Block::fillTow, KX_TOW_FIBER},
+    {kFillMatrix, kFill, DamageSet::fillMatrix, Block::fillTow, KX_TOW_MATRIX},
+    {kWarpFiber, kWarp, DamageSet::warpFiber, Block::warpTow, KX_TOW_FIBER},
+    {kWarpMatrix, kWarp, DamageSet::warpMatrix, Block::warpTow, KX_TOW_MATRIX},
 }};
 
 constexpr bool isTowMatrix(const DamageSet set) noexcept {
   return set == DamageSet::fillMatrix || set == DamageSet::warpMatrix;
 }
 
-/// The slots of a block do not stand in the order of the numbers: number 2, the fiber of a tow or
-/// the fill, comes before number 1, its matrix or the matrix pocket.
-const DecompositionSlot& slotOf(const DamageStateData& data,
-                                const Block block,
-                                const std::int32_t number) noexcept {
-  static constexpr std::array<std::size_t, 4> kSlotOfNumber{1, 0, 2, 3};
-  const std::size_t slot = kSlotOfNumber.at(static_cast<std::size_t>(number - 1));
-  switch (block) {
+const DecompositionSlot& slotOf(const DamageStateRecord& state, const ConstituentRow& row) {
+  switch (row.block) {
     case Block::fillTow:
-      return data.fillTow.at(slot);
+      return state.fillTow.at(row.slot);
     case Block::warpTow:
-      return data.warpTow.at(slot);
+      return state.warpTow.at(row.slot);
     default:
-      return data.unitCell.at(slot);
+      return state.unitCell.at(row.slot);
   }
 }
 
-void appendStates(TiXmlElement& element,
-                  const ConstituentRow& row,
-                  const std::int32_t number,
-                  const States& states) {
+void appendStates(TiXmlElement& element, const ConstituentRow& row, const States& states) {
   if (row.set != DamageSet::interfaceLayer) {  // the interface has no volume, hence no properties
-    for (const DamageStateRecord& state : states) {
-      xml::appendPropertySet(element, state.data.state, state.property(row.set));
+    for (const DamageStateRecord& record : states) {
+      xml::appendPropertySet(element, record.state, record.set(row.set));
     }
   }
-  for (const DamageStateRecord& state : states) {
-    xml::appendDecomposition(element, state.data.state, slotOf(state.data, row.block, number));
+  for (const DamageStateRecord& record : states) {
+    xml::appendDecomposition(element, record.state, slotOf(record, row));
   }
 }
 
@@ -82,7 +79,7 @@ void WeaveXML::writeCompositeBlock(TiXmlElement& element,
                                    const EnvironmentRecord& environment) const {
   const States& all = states(environment);
   for (std::size_t i = 1; i < all.size(); ++i) {
-    xml::appendPropertySet(element, all[i].data.state, all[i].property(DamageSet::composite));
+    xml::appendPropertySet(element, all[i].state, all[i].set(DamageSet::composite));
   }
   TiXmlElement& coefficients = xml::appendElement(element, "failcoeffs");
   for (std::size_t i = 0; i < kStrengthCount; ++i) {
@@ -94,18 +91,22 @@ void WeaveXML::writeCompositeBlock(TiXmlElement& element,
 
 void WeaveXML::writeConstituentBlocks(TiXmlElement& element,
                                       const EnvironmentRecord& environment) const {
-  TiXmlElement* tow = &element;
+  writeConstituentsOf(kNone, element, environment);
+}
+
+void WeaveXML::writeConstituentsOf(const std::string_view owner,
+                                   TiXmlElement& element,
+                                   const EnvironmentRecord& environment) const {
   for (const ConstituentRow& row : kConstituentRows) {
-    const bool inTow = row.block != Block::unitCell;
-    const Constituent& constituent = composite().get(row.name);
-    TiXmlElement& block = xml::appendConstituent(inTow ? *tow : element, constituent);
-    if (!inTow) {
-      tow = &block;
+    if (row.parent != owner) {
+      continue;
     }
+    TiXmlElement& block = xml::appendConstituent(element, composite().get(row.name));
     if (fatigueMode() && isTowMatrix(row.set) && xml::hasFatigueConstants(environment.resultRows)) {
       xml::appendFatigueConstants(block, environment.resultRows);
     }
-    appendStates(block, row, constituent.number(), states(environment));
+    appendStates(block, row, states(environment));
+    writeConstituentsOf(row.name, block, environment);
   }
 }
 

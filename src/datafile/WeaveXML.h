@@ -1,6 +1,7 @@
 #ifndef LAMCRAFT_DATAFILE_WEAVEXML_H
 #define LAMCRAFT_DATAFILE_WEAVEXML_H
 
+#include <string_view>
 #include <vector>
 
 #include "datafile/MaterialXML.h"
@@ -24,6 +25,9 @@ class WeaveXML : public MaterialXML {
                               const EnvironmentRecord& environment) const override;
 
  private:
+  void writeConstituentsOf(std::string_view owner,
+                           TiXmlElement& element,
+                           const EnvironmentRecord& environment) const;
   [[nodiscard]] const std::vector<DamageStateRecord>& states(
       const EnvironmentRecord& environment) const noexcept;
 };

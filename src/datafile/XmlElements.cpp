@@ -46,11 +46,29 @@ void appendProperty(TiXmlNode& parent, const char* const tag, const VariableProp
   }
 }
 
-void appendPropertySet(TiXmlNode& parent, const std::int32_t set, const PropertySet& properties) {
+namespace {
+
+TiXmlElement& appendSet(TiXmlNode& parent, const std::int32_t set) {
   TiXmlElement& element = appendElement(parent, "props");
   element.SetAttribute("set", set);
+  return element;
+}
+
+}  // namespace
+
+void appendPropertySet(TiXmlNode& parent, const std::int32_t set, const PropertySet& properties) {
+  TiXmlElement& element = appendSet(parent, set);
   for (std::size_t i = 0; i < kPropertyCount; ++i) {
     appendProperty(element, kPropertyRows[i].tag, properties.variables()[i]);
+  }
+}
+
+void appendPropertySet(TiXmlNode& parent,
+                       const std::int32_t set,
+                       const std::array<double, kPropertyCount>& values) {
+  TiXmlElement& element = appendSet(parent, set);
+  for (std::size_t i = 0; i < kPropertyCount; ++i) {
+    appendNumber(element, kPropertyRows[i].tag, values[i]);
   }
 }
 

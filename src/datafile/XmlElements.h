@@ -1,6 +1,7 @@
 #ifndef LAMCRAFT_DATAFILE_XMLELEMENTS_H
 #define LAMCRAFT_DATAFILE_XMLELEMENTS_H
 
+#include <array>
 #include <cstdint>
 
 #include <tinyxml.h>
@@ -29,6 +30,11 @@ void appendProperty(TiXmlNode& parent, const char* tag, const VariableProperty& 
 
 /// Appends <props set="..."> with the twelve properties.
 void appendPropertySet(TiXmlNode& parent, std::int32_t set, const PropertySet& properties);
+
+/// The same for twelve bare numbers.
+void appendPropertySet(TiXmlNode& parent,
+                       std::int32_t set,
+                       const std::array<double, kPropertyCount>& values);
 
 }  // namespace lamcraft::xml
 

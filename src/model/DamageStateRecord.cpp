@@ -1,35 +1,22 @@
 #include "model/DamageStateRecord.h"
 
-#include <cstddef>
-
 namespace lamcraft {
-
-void DamageStateRecord::publish() {
-  for (std::size_t set = 0; set < kDamageSetCount; ++set) {
-    properties[set].load(data.sets[set].data(), Symmetry::unset);
-  }
-}
 
 namespace {
 
-/// How far a part of the cell may have failed; the pocket has no fibers, so at most its matrix.
-enum FailureCode : std::int32_t { intact = 0, matrixFailed = 1, fiberFailed = 2 };
-
-/// Every combination of the codes up to the given ones, the pocket's running fastest.
-std::vector<DamageStateRecord> statesUpTo(const FailureCode worstTow) {
-  constexpr std::int32_t kPocketCodes = matrixFailed + 1;
-  constexpr std::int32_t kTowCodes = fiberFailed + 1;
+/// Every combination of the codes up to the given one, the pocket's running fastest; a pocket has
+/// no fibers that could fail.
+std::vector<DamageStateRecord> statesUpTo(const std::int32_t worstTow) {
   std::vector<DamageStateRecord> states;
-  const auto towCodes = static_cast<std::size_t>(worstTow) + 1;
-  states.reserve(towCodes * towCodes * kPocketCodes);  // a record is costly to move
-  for (std::int32_t warp = intact; warp <= worstTow; ++warp) {
-    for (std::int32_t fill = intact; fill <= worstTow; ++fill) {
-      for (std::int32_t pocket = intact; pocket < kPocketCodes; ++pocket) {
-        DamageStateData& data = states.emplace_back().data;
-        data.state = 1 + pocket + kPocketCodes * (fill + kTowCodes * warp);
-        data.pocketCode = pocket;
-        data.fillCode = fill;
-        data.warpCode = warp;
+  for (std::int32_t warp = KX_INTACT; warp <= worstTow; ++warp) {
+    for (std::int32_t fill = KX_INTACT; fill <= worstTow; ++fill) {
+      for (std::int32_t pocket = KX_INTACT; pocket <= KX_MATRIX_FAILED; ++pocket) {
+        DamageStateRecord& record = states.emplace_back();
+        record.state =
+            KX_STATE_INTACT + pocket + KX_STATE_FILL_STEP * fill + KX_STATE_WARP_STEP * warp;
+        record.pocketCode = pocket;
+        record.fillCode = fill;
+        record.warpCode = warp;
       }
     }
   }
@@ -39,11 +26,11 @@ std::vector<DamageStateRecord> statesUpTo(const FailureCode worstTow) {
 }  // namespace
 
 std::vector<DamageStateRecord> allDamageStates() {
-  return statesUpTo(fiberFailed);
+  return statesUpTo(KX_FIBER_FAILED);
 }
 
 std::vector<DamageStateRecord> fatigueDamageStates() {
-  return statesUpTo(matrixFailed);
+  return statesUpTo(KX_MATRIX_FAILED);
 }
 
 }  // namespace lamcraft

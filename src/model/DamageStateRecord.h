@@ -6,23 +6,23 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/PropertySet.h"
+#include "lamcraft/kxdriver.h"
+#include "model/PropertyTables.h"
 
 namespace lamcraft {
 
 /// The nine property sets of a damage state, in record order.
 enum class DamageSet : std::size_t {
-  composite,
-  matrixPocket,
-  fill,
-  warp,
-  interfaceLayer,  ///< never filled: the interface has no volume
-  fillFiber,
-  fillMatrix,
-  warpFiber,
-  warpMatrix
+  composite = KX_SET_COMPOSITE,
+  matrixPocket = KX_SET_POCKET,
+  fill = KX_SET_FILL,
+  warp = KX_SET_WARP,
+  interfaceLayer = KX_SET_INTERFACE,  ///< never filled: the interface has no volume
+  fillFiber = KX_SET_FILL_FIBER,
+  fillMatrix = KX_SET_FILL_MATRIX,
+  warpFiber = KX_SET_WARP_FIBER,
+  warpMatrix = KX_SET_WARP_MATRIX
 };
-constexpr std::size_t kDamageSetCount = 9;
 
 /// Stress and strain decomposition of one constituent: 6x6 matrices by columns, then the thermal
 /// vectors; components in the order 11 22 33 12 13 23.
@@ -32,48 +32,46 @@ struct DecompositionSlot {
   std::array<double, 6> thermalStress;
   std::array<double, 6> thermalStrain;
 };
-constexpr std::size_t kSlotLength = 84;
+static_assert(offsetof(DecompositionSlot, stress) == KX_SLOT_STRESS * sizeof(double));
+static_assert(offsetof(DecompositionSlot, strain) == KX_SLOT_STRAIN * sizeof(double));
+static_assert(offsetof(DecompositionSlot, thermalStress) ==
+              KX_SLOT_THERMAL_STRESS * sizeof(double));
+static_assert(offsetof(DecompositionSlot, thermalStrain) ==
+              KX_SLOT_THERMAL_STRAIN * sizeof(double));
+static_assert(sizeof(DecompositionSlot) == KX_SLOT_LENGTH * sizeof(double), "a slot has no gaps");
 
-/// What the library fills for one damage state, as one contiguous block: the fatigue fit reads it
-/// whole, from the state number on.
-struct DamageStateData {
+/// One damage state of a woven composite: what it is, and what the library fills for it. One
+/// contiguous block: the fatigue fit reads it whole, from the state number on.
+struct DamageStateRecord {
+  using Twelve = std::array<double, kPropertyCount>;
+
   std::int32_t state = 0;
   std::int32_t pocketCode = 0;
   std::int32_t fillCode = 0;
   std::int32_t warpCode = 0;
-  std::array<std::array<double, kPropertyCount>, kDamageSetCount> sets{};
-  std::array<DecompositionSlot, 4> unitCell{};
-  std::array<DecompositionSlot, 2> fillTow{};
-  std::array<DecompositionSlot, 2> warpTow{};
+  std::array<Twelve, KX_SET_COUNT> sets{};
+  std::array<DecompositionSlot, KX_CELL_SLOTS> unitCell{};
+  std::array<DecompositionSlot, KX_TOW_SLOTS> fillTow{};
+  std::array<DecompositionSlot, KX_TOW_SLOTS> warpTow{};
+
+  [[nodiscard]] Twelve& set(const DamageSet which) noexcept {
+    return sets[static_cast<std::size_t>(which)];
+  }
+  [[nodiscard]] const Twelve& set(const DamageSet which) const noexcept {
+    return sets[static_cast<std::size_t>(which)];
+  }
 };
 
-static_assert(sizeof(DecompositionSlot) == kSlotLength * sizeof(double), "a slot has no gaps");
-static_assert(offsetof(DamageStateData, sets) == 4 * sizeof(std::int32_t),
+static_assert(offsetof(DamageStateRecord, sets) == 4 * sizeof(std::int32_t),
               "the sets follow the four integers without a gap");
-static_assert(sizeof(DamageStateData) ==
-                  4 * sizeof(std::int32_t) +
-                      (kDamageSetCount * kPropertyCount + 8 * kSlotLength) * sizeof(double),
+static_assert(sizeof(DamageStateRecord) ==
+                  4 * sizeof(std::int32_t) + (KX_SET_COUNT * KX_PROPERTY_COUNT +
+                                              (KX_CELL_SLOTS + 2 * KX_TOW_SLOTS) * KX_SLOT_LENGTH) *
+                                                 sizeof(double),
               "the record is one block without gaps");
 
-/// One damage state of a woven composite: the library's block, and the property objects that the
-/// data files are written from.
-struct DamageStateRecord {
-  DamageStateData data;
-  std::array<PropertySet, kDamageSetCount> properties;
-
-  [[nodiscard]] double* set(const DamageSet which) noexcept {
-    return data.sets[static_cast<std::size_t>(which)].data();
-  }
-  [[nodiscard]] const PropertySet& property(const DamageSet which) const noexcept {
-    return properties[static_cast<std::size_t>(which)];
-  }
-
-  /// Copies the filled sets into the property objects.
-  void publish();
-};
-
-/// The eighteen states of a woven composite, in order: state 1 + p + 2 f + 6 w for the codes of
-/// pocket (0, 1), fill and warp (0 intact, 1 matrix failed, 2 matrix and fiber failed).
+/// The eighteen states of a woven composite, in the order of their numbers: every combination of
+/// the codes of pocket (intact, matrix failed), fill and warp (fiber failed as well).
 [[nodiscard]] std::vector<DamageStateRecord> allDamageStates();
 
 /// The eight of them with matrix damage only, which fatigue looks at.

@@ -10,7 +10,7 @@ namespace lamcraft {
 /// The parameters of a statistical distribution, carried from the deck to the data files; nothing
 /// is computed from them. Each kind has its fixed name and parameters, all 0 at first.
 ///
-/// Copying copies the parameter values alone, and only within a kind.
+/// Copied within a kind only.
 class Distribution {
  public:
   static constexpr std::size_t kMaxParameters = 4;
@@ -25,9 +25,8 @@ class Distribution {
   [[nodiscard]] double parameter(std::size_t index) const noexcept { return values_[index]; }
   void setParameter(std::size_t index, double value) noexcept { values_[index] = value; }
 
-  /// A mark for users of the distribution; false at first, and neither copied nor looked at here.
+  /// A mark without a use; false.
   [[nodiscard]] bool flag() const noexcept { return flag_; }
-  void setFlag(bool flag) noexcept { flag_ = flag; }
 
   /// Whether a parameter that measures spread is greater than 0.
   [[nodiscard]] bool hasSpread() const noexcept;
@@ -39,11 +38,8 @@ class Distribution {
   enum class Kind : std::uint8_t { normal, truncatedNormal, weibull2, weibull3, extILarge };
 
   explicit Distribution(Kind kind) noexcept : kind_(kind) {}
-  Distribution(const Distribution& other) noexcept : kind_(other.kind_), values_(other.values_) {}
-  Distribution& operator=(const Distribution& other) noexcept {
-    values_ = other.values_;
-    return *this;
-  }
+  Distribution(const Distribution&) noexcept = default;
+  Distribution& operator=(const Distribution&) noexcept = default;
 
  private:
   Kind kind_;

@@ -5,25 +5,18 @@
 
 namespace lamcraft {
 
-VariableProperty::VariableProperty(const VariableProperty& other) noexcept
-    : value_(other.value_),
-      max_(other.max_),
-      min_(other.min_),
-      gaussian_(other.gaussian_),
-      truncGaussian_(other.truncGaussian_),
-      weibull2_(other.weibull2_),
-      weibull3_(other.weibull3_),
-      extILarge_(other.extILarge_) {}
+VariableProperty::VariableProperty(const VariableProperty& other) {
+  *this = other;
+}
 
-VariableProperty& VariableProperty::operator=(const VariableProperty& other) noexcept {
-  value_ = other.value_;
-  max_ = other.max_;
-  min_ = other.min_;
-  gaussian_ = other.gaussian_;
-  truncGaussian_ = other.truncGaussian_;
-  weibull2_ = other.weibull2_;
-  weibull3_ = other.weibull3_;
-  extILarge_ = other.extILarge_;
+VariableProperty& VariableProperty::operator=(const VariableProperty& other) {
+  if (this != &other) {
+    const auto* const distributions = other.distributions_.get();
+    distributions_ = distributions ? std::make_unique<Distributions>(*distributions) : nullptr;
+    value_ = other.value_;
+    max_ = other.max_;
+    min_ = other.min_;
+  }
   return *this;
 }
 
@@ -33,11 +26,12 @@ void VariableProperty::setValue(const double value) noexcept {
   min_ = 0.0;
 }
 
-void VariableProperty::fill(const VariationTable& table) noexcept {
+void VariableProperty::fill(const VariationTable& table) {
+  distributions_ = std::make_unique<Distributions>();
   min_ = table[0][0];
   max_ = table[0][1];
   std::size_t row = 1;
-  for (Distribution* const distribution : editableDistributions()) {
+  for (Distribution* const distribution : distributions_->all()) {
     for (std::size_t i = 0; i < distribution->parameterCount(); ++i) {
       distribution->setParameter(i, table[row][i]);
     }
@@ -58,19 +52,24 @@ void VariableProperty::scale(const double factor) noexcept {
   value_ *= factor;
   max_ *= factor;
   min_ *= factor;
-  for (Distribution* const distribution : editableDistributions()) {
-    distribution->scale(factor);
+  if (distributions_ != nullptr) {
+    for (Distribution* const distribution : distributions_->all()) {
+      distribution->scale(factor);
+    }
   }
 }
 
 std::array<const Distribution*, VariableProperty::kDistributions> VariableProperty::distributions()
     const noexcept {
-  return {&gaussian_, &truncGaussian_, &weibull2_, &weibull3_, &extILarge_};
+  static const Distributions none;
+  const auto& [gaussian, truncGaussian, weibull2, weibull3, extILarge] =
+      distributions_ != nullptr ? *distributions_ : none;
+  return {&gaussian, &truncGaussian, &weibull2, &weibull3, &extILarge};
 }
 
 std::array<Distribution*, VariableProperty::kDistributions>
-VariableProperty::editableDistributions() noexcept {
-  return {&gaussian_, &truncGaussian_, &weibull2_, &weibull3_, &extILarge_};
+VariableProperty::Distributions::all() noexcept {
+  return {&gaussian, &truncGaussian, &weibull2, &weibull3, &extILarge};
 }
 
 }  // namespace lamcraft

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,14 +17,15 @@ using VariationTable = std::array<std::array<double, Distribution::kMaxParameter
 
 /// A material property: a nominal value, and its scatter as a range and as the parameters of five
 /// distributions. All numbers are in the property's own unit, but for the dimensionless shape
-/// parameters. A new one has no name and zeros.
+/// parameters. A new one has no name and zeros. Distributions take memory once they are filled.
 class VariableProperty {
  public:
   static constexpr std::size_t kDistributions = 5;
 
   VariableProperty() = default;
-  VariableProperty(const VariableProperty& other) noexcept;  ///< numbers only: the copy is unnamed
-  VariableProperty& operator=(const VariableProperty& other) noexcept;  ///< keeps its own name
+  VariableProperty(const VariableProperty& other);             ///< numbers only, without the name
+  VariableProperty& operator=(const VariableProperty& other);  ///< keeps its own name
+  VariableProperty(VariableProperty&&) noexcept = default;     ///< the name too
   ~VariableProperty() = default;
 
   [[nodiscard]] const std::string& name() const noexcept { return name_; }
@@ -38,7 +40,7 @@ class VariableProperty {
   /// Sets the value alone: what a fit found replaces what the deck gave, and the scatter stays.
   void publish(double value) noexcept { value_ = value; }
   /// Sets range and distributions, every number of them; the value stays.
-  void fill(const VariationTable& table) noexcept;
+  void fill(const VariationTable& table);
 
   /// Whether the range is wider than rounding (1e-13), or a distribution's spread is positive.
   [[nodiscard]] bool isVaried() const noexcept;
@@ -49,17 +51,21 @@ class VariableProperty {
   [[nodiscard]] std::array<const Distribution*, kDistributions> distributions() const noexcept;
 
  private:
-  [[nodiscard]] std::array<Distribution*, kDistributions> editableDistributions() noexcept;
+  struct Distributions {
+    Gaussian gaussian;
+    TruncGaussian truncGaussian;
+    Weibull2 weibull2;
+    Weibull3 weibull3;
+    ExtILarge extILarge;
+
+    [[nodiscard]] std::array<Distribution*, kDistributions> all() noexcept;
+  };
 
   std::string name_;
   double value_ = 0.0;
   double max_ = 0.0;
   double min_ = 0.0;
-  Gaussian gaussian_;
-  TruncGaussian truncGaussian_;
-  Weibull2 weibull2_;
-  Weibull3 weibull3_;
-  ExtILarge extILarge_;
+  std::unique_ptr<Distributions> distributions_;  // null until filled: all parameters are 0
 };
 
 }  // namespace lamcraft

@@ -82,8 +82,8 @@ TEST(SatinWeave, EveryEnvironmentListsItsDamageStates) {
   const EnvironmentRecord& environment = weave.addEnvironment("DRY", 296.0);
   ASSERT_EQ(environment.damageStates.size(), 18U);
   ASSERT_EQ(environment.fatigueDamageStates.size(), 8U);
-  EXPECT_EQ(environment.damageStates.back().data.state, 18);
-  EXPECT_EQ(environment.fatigueDamageStates.back().data.state, 10);
+  EXPECT_EQ(environment.damageStates.back().state, 18);
+  EXPECT_EQ(environment.fatigueDamageStates.back().state, 10);
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ TEST(SolveCheck, LeavesAllElseToTheLibrary) {
   environment.errors.finalThermal = kNan;
   environment.resultRows[1][5] = kNan;
   environment.prefail.m = kNan;
-  environment.damageStates.front().data.unitCell.front().stress.front() = kNan;
+  environment.damageStates.front().unitCell.front().stress.front() = kNan;
   EXPECT_EQ(setWithoutNumbers(environment), "");
 }
 

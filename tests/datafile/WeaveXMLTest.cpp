@@ -34,22 +34,20 @@ constexpr double kSlot = 1e4;
 
 DamageStateRecord markedState(const std::int32_t number) {
   DamageStateRecord record;
-  DamageStateData& data = record.data;
-  data.state = number;
+  record.state = number;
   const double base = kState * number;
-  for (std::size_t slot = 0; slot < data.unitCell.size(); ++slot) {
-    mark(data.unitCell[slot], base + 1.0 * kBlock + kSlot * static_cast<double>(slot));
+  for (std::size_t slot = 0; slot < record.unitCell.size(); ++slot) {
+    mark(record.unitCell[slot], base + 1.0 * kBlock + kSlot * static_cast<double>(slot));
   }
-  for (std::size_t slot = 0; slot < data.fillTow.size(); ++slot) {
-    mark(data.fillTow[slot], base + 2.0 * kBlock + kSlot * static_cast<double>(slot));
-    mark(data.warpTow[slot], base + 3.0 * kBlock + kSlot * static_cast<double>(slot));
+  for (std::size_t slot = 0; slot < record.fillTow.size(); ++slot) {
+    mark(record.fillTow[slot], base + 2.0 * kBlock + kSlot * static_cast<double>(slot));
+    mark(record.warpTow[slot], base + 3.0 * kBlock + kSlot * static_cast<double>(slot));
   }
-  for (std::size_t set = 0; set < kDamageSetCount; ++set) {
+  for (std::size_t set = 0; set < record.sets.size(); ++set) {
     for (std::size_t i = 0; i < kPropertyCount; ++i) {
-      data.sets[set][i] = base + 100.0 * static_cast<double>(set) + static_cast<double>(i + 1);
+      record.sets[set][i] = base + 100.0 * static_cast<double>(set) + static_cast<double>(i + 1);
     }
   }
-  record.publish();
   return record;
 }
 
