@@ -25,7 +25,7 @@ void appendConstituentTree(TiXmlNode& parent, const Constituent& constituent) {
   if (constituent.degradation > 0.0) {
     appendNumber(element, "degradation", constituent.degradation);
   }
-  for (const auto& child : constituent.children()) {
+  for (const Constituent* const child : constituent.children()) {
     appendConstituentTree(element, *child);
   }
 }

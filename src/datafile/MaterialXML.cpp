@@ -47,7 +47,7 @@ bool MaterialXML::writeDocument(const Composite& composite, const bool fatigueMo
   root.SetAttribute("material", composite.materialName.c_str());
   root.SetAttribute("version", xml::kFormatVersion);
   writeMaterial(root);
-  for (const auto& constituent : composite.children()) {
+  for (const Constituent* const constituent : composite.children()) {
     xml::appendConstituentTree(root, *constituent);
   }
   for (const EnvironmentRecord& environment : composite.environments) {

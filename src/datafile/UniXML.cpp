@@ -14,63 +14,52 @@ namespace {
 constexpr std::int32_t kConstituentSet = 1;
 constexpr std::int32_t kMatrixNumber = 1;
 
-/// One element of "failcoeffs".
+/// One element of "failcoeffs": a strength under its tag.
 struct StrengthElement {
   const char* tag;
-  UniStrength strength;
+  std::size_t strength;
+  std::size_t filePlace;
 };
 
-constexpr StrengthElement own(const UniStrength strength) noexcept {
-  return {kUniStrengthRows[static_cast<std::size_t>(strength)].tag, strength};
+constexpr StrengthElement repeated(const char* const tag,
+                                   const UniStrength strength,
+                                   const std::size_t filePlace) noexcept {
+  return {tag, static_cast<std::size_t>(strength), filePlace};
 }
 
 /// Direction 3 has no strengths of its own: it repeats direction 2, as transverse isotropy says.
-constexpr std::array<StrengthElement, 9> kStrengthElements{{
-    own(UniStrength::t1),
-    own(UniStrength::c1),
-    own(UniStrength::t2),
-    own(UniStrength::c2),
-    {"pS33", UniStrength::t2},
-    {"nS33", UniStrength::c2},
-    own(UniStrength::s12),
-    {"S13", UniStrength::s12},
-    own(UniStrength::s23),
-}};
+constexpr std::array kRepeated{repeated("pS33", UniStrength::t2, 4),
+                               repeated("nS33", UniStrength::c2, 5),
+                               repeated("S13", UniStrength::s12, 7)};
 
-/// The data file starts with the matrix, the deck with the fiber.
-constexpr std::array<Fracture, kFractureCount> kFractureOrder{
-    Fracture::gmC, Fracture::gmnC, Fracture::gmsC, Fracture::alpha, Fracture::gftC, Fracture::gfcC};
+/// All elements, in the order of the file.
+constexpr std::array<StrengthElement, kStrengthCount + kRepeated.size()> strengthElements() {
+  std::array<StrengthElement, kStrengthCount + kRepeated.size()> elements{};
+  for (std::size_t i = 0; i < kStrengthCount; ++i) {
+    const GroupRow& row = kUniStrengthRows[i];
+    elements[row.filePlace] = {row.tag, i, row.filePlace};
+  }
+  for (const StrengthElement& element : kRepeated) {
+    elements[element.filePlace] = element;
+  }
+  return elements;
+}
+constexpr auto kStrengthElements = strengthElements();
+
+constexpr bool everyPlaceIsTaken() noexcept {
+  for (const StrengthElement& element : kStrengthElements) {
+    if (element.tag == nullptr) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(everyPlaceIsTaken());
 
 void appendStrengths(TiXmlElement& parent, const EnvironmentRecord& environment) {
   TiXmlElement& coefficients = xml::appendElement(parent, "failcoeffs");
-  for (const auto& [tag, strength] : kStrengthElements) {
-    xml::appendProperty(
-        coefficients, tag, environment.strengths[static_cast<std::size_t>(strength)]);
-  }
-}
-
-void appendInvariants(TiXmlElement& parent, const EnvironmentRecord& environment) {
-  if (!(environment.invariants.front().value() > 0.0)) {
-    return;  // a composite without a dilatation has no critical invariants at all
-  }
-  TiXmlElement& invariants = xml::appendElement(parent, "critical_invariants");
-  for (std::size_t i = 0; i < kInvariantCount; ++i) {
-    xml::appendProperty(invariants, kInvariantRows[i].tag, environment.invariants[i]);
-  }
-}
-
-void appendFracture(TiXmlElement& parent, const EnvironmentRecord& environment) {
-  TiXmlElement& fracture = xml::appendElement(parent, "fracture");
-  for (const Fracture property : kFractureOrder) {
-    const auto i = static_cast<std::size_t>(property);
-    xml::appendProperty(fracture, kFractureRows[i].tag, environment.fracture[i]);
-  }
-}
-
-void appendCohesive(TiXmlElement& parent, const EnvironmentRecord& environment) {
-  TiXmlElement& cohesive = xml::appendElement(parent, "cohesive");
-  for (std::size_t i = 0; i < kCohesiveCount; ++i) {
-    xml::appendProperty(cohesive, kCohesiveRows[i].tag, environment.cohesive[i]);
+  for (const StrengthElement& element : kStrengthElements) {
+    xml::appendProperty(coefficients, element.tag, environment.strengths[element.strength]);
   }
 }
 
@@ -81,12 +70,16 @@ void UniXML::writeCompositeBlock(TiXmlElement& element,
   const KeywordPresence& presence = composite().presence;
   appendStrengths(element, environment);
   xml::appendSnRecords(element, environment.snRecords);
-  appendInvariants(element, environment);
+  // A composite without a dilatation has no critical invariants at all.
+  if (environment.invariants.front().value() > 0.0) {
+    xml::appendGroup(
+        xml::appendElement(element, "critical_invariants"), kInvariantRows, environment.invariants);
+  }
   if (presence.fracture) {
-    appendFracture(element, environment);
+    xml::appendGroup(xml::appendElement(element, "fracture"), kFractureRows, environment.fracture);
   }
   if (presence.delam) {
-    appendCohesive(element, environment);
+    xml::appendGroup(xml::appendElement(element, "cohesive"), kCohesiveRows, environment.cohesive);
   }
   xml::appendPrefail(element, presence.nlShear, environment);
 }

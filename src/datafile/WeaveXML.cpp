@@ -43,6 +43,15 @@ constexpr std::array<ConstituentRow, 8> kConstituentRows{{
     {kWarpMatrix, kWarp, DamageSet::warpMatrix, Block::warpTow, KX_TOW_MATRIX},
 }};
 
+constexpr bool everySetHasAConstituent() noexcept {
+  std::array<std::size_t, kConstituentRows.size()> places{};
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    places[i] = static_cast<std::size_t>(kConstituentRows[i].set) - 1;  // composite is the first
+  }
+  return isPermutation(places) && places.size() + 1 == KX_SET_COUNT;
+}
+static_assert(everySetHasAConstituent());
+
 constexpr bool isTowMatrix(const DamageSet set) noexcept {
   return set == DamageSet::fillMatrix || set == DamageSet::warpMatrix;
 }
@@ -81,10 +90,8 @@ void WeaveXML::writeCompositeBlock(TiXmlElement& element,
   for (std::size_t i = 1; i < all.size(); ++i) {
     xml::appendPropertySet(element, all[i].state, all[i].set(DamageSet::composite));
   }
-  TiXmlElement& coefficients = xml::appendElement(element, "failcoeffs");
-  for (std::size_t i = 0; i < kStrengthCount; ++i) {
-    xml::appendProperty(coefficients, kWeaveStrengthRows[i].tag, environment.strengths[i]);
-  }
+  xml::appendGroup(
+      xml::appendElement(element, "failcoeffs"), kWeaveStrengthRows, environment.strengths);
   xml::appendSnRecords(element, environment.snRecords);
   xml::appendPrefail(element, composite().presence.nlShear, environment);
 }

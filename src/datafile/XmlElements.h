@@ -2,6 +2,7 @@
 #define LAMCRAFT_DATAFILE_XMLELEMENTS_H
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include <tinyxml.h>
@@ -27,6 +28,20 @@ void appendInteger(TiXmlNode& parent, const char* tag, std::int32_t value);
 /// Appends a property: the bare value, or, when it is varied, value, range and the five
 /// distributions.
 void appendProperty(TiXmlNode& parent, const char* tag, const VariableProperty& property);
+
+/// Appends the properties of a group in the order of the file.
+template <std::size_t Count>
+void appendGroup(TiXmlNode& parent,
+                 const std::array<GroupRow, Count>& rows,
+                 const std::array<VariableProperty, Count>& group) {
+  for (std::size_t place = 0; place < Count; ++place) {
+    for (std::size_t i = 0; i < Count; ++i) {
+      if (rows[i].filePlace == place) {
+        appendProperty(parent, rows[i].tag, group[i]);
+      }
+    }
+  }
+}
 
 /// Appends <props set="..."> with the twelve properties.
 void appendPropertySet(TiXmlNode& parent, std::int32_t set, const PropertySet& properties);

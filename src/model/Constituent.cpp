@@ -8,26 +8,12 @@ namespace lamcraft {
 Constituent::Constituent(const std::int32_t number, std::string name, std::string type)
     : number_(number), name_(std::move(name)), type_(std::move(type)) {}
 
-const Constituent::Children& Constituent::children() const noexcept {
-  static const Children none;
-  return none;
-}
-
-Constituent& ParentCons::add(std::unique_ptr<Constituent> child) {
-  assert(child != nullptr);
-  children_.push_back(std::move(child));
-  return *children_.back();
-}
-
 namespace {
 
-Constituent* findAmong(const Constituent::Children& children,
-                       const std::string_view name) noexcept {
-  for (const auto& child : children) {
-    if (child->name() == name) {
-      return child.get();
-    }
-    if (Constituent* const found = findAmong(child->children(), name)) {
+const Constituent* findBelow(const Constituent& parent, const std::string_view name) {
+  for (const Constituent* const child : parent.children()) {
+    const Constituent* const found = child->name() == name ? child : findBelow(*child, name);
+    if (found != nullptr) {
       return found;
     }
   }
@@ -36,17 +22,39 @@ Constituent* findAmong(const Constituent::Children& children,
 
 }  // namespace
 
-Constituent* ParentCons::find(const std::string_view name) const noexcept {
-  return findAmong(children_, name);
+std::vector<const Constituent*> ParentCons::children() const {
+  std::vector<const Constituent*> all;
+  for (const auto& child : children_) {
+    all.push_back(child.get());
+  }
+  return all;
 }
 
-Constituent& ParentCons::get(const std::string_view name) const noexcept {
-  Constituent* const found = find(name);
+Constituent& ParentCons::add(std::unique_ptr<Constituent> child) {
+  assert(child != nullptr);
+  children_.push_back(std::move(child));
+  return *children_.back();
+}
+
+const Constituent* ParentCons::find(const std::string_view name) const {
+  return findBelow(*this, name);
+}
+
+Constituent* ParentCons::find(const std::string_view name) {
+  return const_cast<Constituent*>(std::as_const(*this).find(name));
+}
+
+const Constituent& ParentCons::get(const std::string_view name) const {
+  const Constituent* const found = find(name);
   assert(found != nullptr);
   return *found;
 }
 
-std::int32_t reportedCount(const Constituent& constituent) noexcept {
+Constituent& ParentCons::get(const std::string_view name) {
+  return const_cast<Constituent&>(std::as_const(*this).get(name));
+}
+
+std::int32_t reportedCount(const Constituent& constituent) {
   const auto count = static_cast<std::int32_t>(constituent.children().size());
   switch (count) {
     case 0:

@@ -14,8 +14,6 @@ namespace lamcraft {
 /// One constituent of a composite: a phase, a tow, or the composite itself.
 class Constituent {
  public:
-  using Children = std::vector<std::unique_ptr<Constituent>>;
-
   /// number: 1 matrix and 2 fiber in a unidirectional composite or a tow; 1 matrix pocket, 2 fill,
   /// 3 warp, 4 interface in a weave. type: the text that the data files give as "type".
   Constituent(std::int32_t number, std::string name, std::string type);
@@ -27,8 +25,8 @@ class Constituent {
   [[nodiscard]] const std::string& name() const noexcept { return name_; }
   [[nodiscard]] const std::string& type() const noexcept { return type_; }
 
-  /// Owned children in order; empty for a leaf.
-  [[nodiscard]] virtual const Children& children() const noexcept;
+  /// The children in order; none for a leaf.
+  [[nodiscard]] virtual std::vector<const Constituent*> children() const { return {}; }
 
   VariableProperty volumeFraction;  ///< of the parent's volume; 0 until a keyword sets it
   double degradation = kNotGiven;   ///< factor on the moduli of the failed phase
@@ -46,24 +44,26 @@ class ParentCons : public Constituent {
  public:
   using Constituent::Constituent;
 
-  [[nodiscard]] const Children& children() const noexcept override { return children_; }
+  [[nodiscard]] std::vector<const Constituent*> children() const override;
 
   /// Takes the child in as the last one and returns it.
   Constituent& add(std::unique_ptr<Constituent> child);
 
   /// The child or descendant with exactly this name; null when there is none. Not owned.
-  [[nodiscard]] Constituent* find(std::string_view name) const noexcept;
+  [[nodiscard]] const Constituent* find(std::string_view name) const;
+  [[nodiscard]] Constituent* find(std::string_view name);
 
   /// The same for a name that the caller knows to be there.
-  [[nodiscard]] Constituent& get(std::string_view name) const noexcept;
+  [[nodiscard]] const Constituent& get(std::string_view name) const;
+  [[nodiscard]] Constituent& get(std::string_view name);
 
  private:
-  Children children_;
+  std::vector<std::unique_ptr<Constituent>> children_;
 };
 
 /// The number of constituents as the library and the data files count them: the children, except
 /// that four count as three and none as one.
-[[nodiscard]] std::int32_t reportedCount(const Constituent& constituent) noexcept;
+[[nodiscard]] std::int32_t reportedCount(const Constituent& constituent);
 
 /// The names that keywords, solves and data files look constituents up by.
 namespace constituents {

@@ -19,26 +19,27 @@ struct PropertyRow {
   Dimension dimension;
 };
 
-constexpr std::size_t kPropertyCount = 12;
-
 /// In the order in which the library and the data files hold them.
-inline constexpr std::array<PropertyRow, kPropertyCount> kPropertyRows{{
-    {"E11", "E11", Dimension::stress},
-    {"E22", "E22", Dimension::stress},
-    {"E33", "E33", Dimension::stress},
-    {"v12", "NU12", Dimension::none},
-    {"v13", "NU13", Dimension::none},
-    {"v23", "NU23", Dimension::none},
-    {"G12", "G12", Dimension::stress},
-    {"G13", "G13", Dimension::stress},
-    {"G23", "G23", Dimension::stress},
-    {"A11", "CTE11", Dimension::inverseTemperature},
-    {"A22", "CTE22", Dimension::inverseTemperature},
-    {"A33", "CTE33", Dimension::inverseTemperature},
-}};
+inline constexpr std::array kPropertyRows{
+    PropertyRow{"E11", "E11", Dimension::stress},
+    PropertyRow{"E22", "E22", Dimension::stress},
+    PropertyRow{"E33", "E33", Dimension::stress},
+    PropertyRow{"v12", "NU12", Dimension::none},
+    PropertyRow{"v13", "NU13", Dimension::none},
+    PropertyRow{"v23", "NU23", Dimension::none},
+    PropertyRow{"G12", "G12", Dimension::stress},
+    PropertyRow{"G13", "G13", Dimension::stress},
+    PropertyRow{"G23", "G23", Dimension::stress},
+    PropertyRow{"A11", "CTE11", Dimension::inverseTemperature},
+    PropertyRow{"A22", "CTE22", Dimension::inverseTemperature},
+    PropertyRow{"A33", "CTE33", Dimension::inverseTemperature},
+};
+
+constexpr std::size_t kPropertyCount = kPropertyRows.size();
 
 /// Positions in kPropertyRows, for code that names a property.
 enum class Property : std::size_t { e11, e22, e33, v12, v13, v23, g12, g13, g23, a11, a22, a33 };
+static_assert(static_cast<std::size_t>(Property::a33) + 1 == kPropertyCount);
 
 constexpr std::size_t indexOf(const Property property) noexcept {
   return static_cast<std::size_t>(property);
@@ -53,12 +54,33 @@ struct GroupRow {
   const char* deckName;  ///< the PROP of VARIATION; null when the deck cannot vary it
   const char* tag;       ///< in the data files
   Dimension dimension;
+  std::size_t filePlace;  ///< in its element of the data files, from 0
 };
 
-constexpr std::size_t kStrengthCount = 6;
-constexpr std::size_t kInvariantCount = 6;
-constexpr std::size_t kFractureCount = 6;
-constexpr std::size_t kCohesiveCount = 15;
+/// Whether every number below Count stands in the list.
+template <std::size_t Count>
+constexpr bool isPermutation(const std::array<std::size_t, Count>& list) noexcept {
+  for (std::size_t number = 0; number < Count; ++number) {
+    bool isThere = false;
+    for (const std::size_t entry : list) {
+      isThere = isThere || entry == number;
+    }
+    if (!isThere) {
+      return false;
+    }
+  }
+  return true;
+}
+
+template <std::size_t Count>
+constexpr std::array<std::size_t, Count> filePlaces(
+    const std::array<GroupRow, Count>& rows) noexcept {
+  std::array<std::size_t, Count> places{};
+  for (std::size_t i = 0; i < Count; ++i) {
+    places[i] = rows[i].filePlace;
+  }
+  return places;
+}
 
 /// Positions of the strengths of a unidirectional composite.
 enum class UniStrength : std::size_t { t1, c1, t2, c2, s12, s23 };
@@ -66,64 +88,71 @@ enum class UniStrength : std::size_t { t1, c1, t2, c2, s12, s23 };
 /// Positions of the strengths of a woven composite: knee and ultimate.
 enum class WeaveStrength : std::size_t { t1Knee, t1, c1Knee, c1, s12Knee, s12 };
 
-/// Positions of the fracture properties.
-enum class Fracture : std::size_t { gftC, gfcC, gmC, gmnC, gmsC, alpha };
+/// The data files repeat some of them for direction 3, at the places between.
+inline constexpr std::array kUniStrengthRows{
+    GroupRow{"T1", "pS11", Dimension::stress, 0},
+    GroupRow{"C1", "nS11", Dimension::stress, 1},
+    GroupRow{"T2", "pS22", Dimension::stress, 2},
+    GroupRow{"C2", "nS22", Dimension::stress, 3},
+    GroupRow{"S12", "S12", Dimension::stress, 6},
+    GroupRow{"S23", "S23", Dimension::stress, 8},
+};
+constexpr std::size_t kStrengthCount = kUniStrengthRows.size();
 
-inline constexpr std::array<GroupRow, kStrengthCount> kUniStrengthRows{{
-    {"T1", "pS11", Dimension::stress},
-    {"C1", "nS11", Dimension::stress},
-    {"T2", "pS22", Dimension::stress},
-    {"C2", "nS22", Dimension::stress},
-    {"S12", "S12", Dimension::stress},
-    {"S23", "S23", Dimension::stress},
-}};
+inline constexpr std::array kWeaveStrengthRows{
+    GroupRow{nullptr, "PS11K", Dimension::stress, 0},
+    GroupRow{"T1", "PS11U", Dimension::stress, 1},
+    GroupRow{nullptr, "NS11K", Dimension::stress, 2},
+    GroupRow{"C1", "NS11U", Dimension::stress, 3},
+    GroupRow{nullptr, "S12K", Dimension::stress, 4},
+    GroupRow{"S12", "S12U", Dimension::stress, 5},
+};
+static_assert(isPermutation(filePlaces(kWeaveStrengthRows)));
+static_assert(kWeaveStrengthRows.size() == kStrengthCount, "an environment has room for either");
 
-inline constexpr std::array<GroupRow, kStrengthCount> kWeaveStrengthRows{{
-    {nullptr, "PS11K", Dimension::stress},
-    {"T1", "PS11U", Dimension::stress},
-    {nullptr, "NS11K", Dimension::stress},
-    {"C1", "NS11U", Dimension::stress},
-    {nullptr, "S12K", Dimension::stress},
-    {"S12", "S12U", Dimension::stress},
-}};
+inline constexpr std::array kInvariantRows{
+    GroupRow{"DILATATION", "dilatation", Dimension::none, 0},
+    GroupRow{"DISTORTION", "distortion", Dimension::none, 1},
+    GroupRow{"FIBERTENSILEDISTORTION", "tensileFiberDistortion", Dimension::none, 2},
+    GroupRow{"FIBERCOMPRESSIVEDISTORTION", "compressiveFiberDistortion", Dimension::none, 3},
+    GroupRow{"TENSILESTRAIN", "tensileStrain", Dimension::none, 4},
+    GroupRow{"COMPRESSIVESTRAIN", "compressiveStrain", Dimension::none, 5},
+};
+static_assert(isPermutation(filePlaces(kInvariantRows)));
+constexpr std::size_t kInvariantCount = kInvariantRows.size();
 
-inline constexpr std::array<GroupRow, kInvariantCount> kInvariantRows{{
-    {"DILATATION", "dilatation", Dimension::none},
-    {"DISTORTION", "distortion", Dimension::none},
-    {"FIBERTENSILEDISTORTION", "tensileFiberDistortion", Dimension::none},
-    {"FIBERCOMPRESSIVEDISTORTION", "compressiveFiberDistortion", Dimension::none},
-    {"TENSILESTRAIN", "tensileStrain", Dimension::none},
-    {"COMPRESSIVESTRAIN", "compressiveStrain", Dimension::none},
-}};
-
-inline constexpr std::array<GroupRow, kFractureCount> kFractureRows{{
-    {"GFTC", "GftC", Dimension::forcePerLength},
-    {"GFCC", "GfcC", Dimension::forcePerLength},
-    {"GMC", "GmC", Dimension::forcePerLength},
-    {"GMNC", "GmnC", Dimension::forcePerLength},
-    {"GMSC", "GmsC", Dimension::forcePerLength},
-    {"ALPHA", "alpha", Dimension::none},
-}};
+inline constexpr std::array kFractureRows{
+    GroupRow{"GFTC", "GftC", Dimension::forcePerLength, 4},
+    GroupRow{"GFCC", "GfcC", Dimension::forcePerLength, 5},
+    GroupRow{"GMC", "GmC", Dimension::forcePerLength, 0},
+    GroupRow{"GMNC", "GmnC", Dimension::forcePerLength, 1},
+    GroupRow{"GMSC", "GmsC", Dimension::forcePerLength, 2},
+    GroupRow{"ALPHA", "alpha", Dimension::none, 3},
+};
+static_assert(isPermutation(filePlaces(kFractureRows)));
+constexpr std::size_t kFractureCount = kFractureRows.size();
 
 /// KNN, KSS and KTT scale as stresses, although a stiffness per thickness has another dimension:
 /// the programs that read the data files count on it.
-inline constexpr std::array<GroupRow, kCohesiveCount> kCohesiveRows{{
-    {"KNN", "Knn", Dimension::stress},
-    {"KSS", "Kss", Dimension::stress},
-    {"KTT", "Ktt", Dimension::stress},
-    {"SN", "Sn", Dimension::stress},
-    {"SS", "Ss", Dimension::stress},
-    {"ST", "St", Dimension::stress},
-    {"DMF_DM0", "dmf_dm0", Dimension::length},
-    {"GC", "GC", Dimension::forcePerLength},
-    {"GNC", "GnC", Dimension::forcePerLength},
-    {"GSC", "GsC", Dimension::forcePerLength},
-    {"GTC", "GtC", Dimension::forcePerLength},
-    {"ALPHA", "alpha", Dimension::none},
-    {"D2N", "d2n", Dimension::length},
-    {"D2S", "d2s", Dimension::length},
-    {"D2T", "d2t", Dimension::length},
-}};
+inline constexpr std::array kCohesiveRows{
+    GroupRow{"KNN", "Knn", Dimension::stress, 0},
+    GroupRow{"KSS", "Kss", Dimension::stress, 1},
+    GroupRow{"KTT", "Ktt", Dimension::stress, 2},
+    GroupRow{"SN", "Sn", Dimension::stress, 3},
+    GroupRow{"SS", "Ss", Dimension::stress, 4},
+    GroupRow{"ST", "St", Dimension::stress, 5},
+    GroupRow{"DMF_DM0", "dmf_dm0", Dimension::length, 6},
+    GroupRow{"GC", "GC", Dimension::forcePerLength, 7},
+    GroupRow{"GNC", "GnC", Dimension::forcePerLength, 8},
+    GroupRow{"GSC", "GsC", Dimension::forcePerLength, 9},
+    GroupRow{"GTC", "GtC", Dimension::forcePerLength, 10},
+    GroupRow{"ALPHA", "alpha", Dimension::none, 11},
+    GroupRow{"D2N", "d2n", Dimension::length, 12},
+    GroupRow{"D2S", "d2s", Dimension::length, 13},
+    GroupRow{"D2T", "d2t", Dimension::length, 14},
+};
+static_assert(isPermutation(filePlaces(kCohesiveRows)));
+constexpr std::size_t kCohesiveCount = kCohesiveRows.size();
 
 }  // namespace lamcraft
 

@@ -14,7 +14,7 @@ bool isValid(const SatinWeave& weave) {
   return valid;
 }
 
-void degrade(const SatinWeave& weave, const double fiber, const double matrix) {
+void degrade(SatinWeave& weave, const double fiber, const double matrix) {
   weave.get("fill_fiber").degradation = fiber;
   weave.get("fill_matrix").degradation = matrix;
 }
@@ -64,13 +64,13 @@ TEST(SatinWeave, SatinNeedsDegradationFactors) {
 }
 
 TEST(SatinWeave, SatinIsValidAtTheLeastFactors) {
-  const SatinWeave weave("", "", 8);
+  SatinWeave weave("", "", 8);
   degrade(weave, 1e-10, 1e-5);
   EXPECT_TRUE(isValid(weave));
 }
 
 TEST(SatinWeave, SatinIsRefusedBelowEitherLeastFactor) {
-  const SatinWeave weave("", "", 8);
+  SatinWeave weave("", "", 8);
   degrade(weave, 0.99e-10, 1.0);
   EXPECT_FALSE(isValid(weave));
   degrade(weave, 1.0, 0.99e-5);

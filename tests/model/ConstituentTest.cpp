@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include <type_traits>
+
 #include <gtest/gtest.h>
 
 #include "model/support/TestComposite.h"
@@ -26,8 +28,8 @@ TEST(ParentCons, KeepsChildrenInOrder) {
   const Constituent& first = tow.add(phase(1, "fill_matrix", "epoxy"));
   const Constituent& second = tow.add(phase(2, "fill_fiber", "carbon"));
   ASSERT_EQ(tow.children().size(), 2U);
-  EXPECT_EQ(tow.children()[0].get(), &first);
-  EXPECT_EQ(tow.children()[1].get(), &second);
+  EXPECT_EQ(tow.children()[0], &first);
+  EXPECT_EQ(tow.children()[1], &second);
 }
 
 TEST(ParentCons, FindsChildrenAndTheirChildren) {
@@ -44,6 +46,14 @@ TEST(ParentCons, FindsChildrenAndTheirChildren) {
     EXPECT_EQ(weave->find(name)->name(), name);
     EXPECT_EQ(&weave->get(name), weave->find(name));
   }
+}
+
+TEST(ParentCons, HandsOutItsChildrenForReadingWhenItIsConst) {
+  const auto weave = testWeave(1);
+  const ParentCons& constant = *weave;
+  static_assert(std::is_same_v<decltype(constant.get("fill")), const Constituent&>);
+  static_assert(std::is_same_v<decltype(constant.find("fill")), const Constituent*>);
+  EXPECT_EQ(&constant.get("fill_fiber"), &weave->get("fill_fiber"));
 }
 
 TEST(ParentCons, FindsOnlyTheWholeName) {

@@ -56,9 +56,10 @@ void fillHead(lamcraft::Composite& composite) {
   composite.presence = {true, true, true, true, true};
   composite.plyThickness = varied(1.0);
   composite.referenceTemperature = varied(2.0);
-  for (const auto& constituent : composite.children()) {
-    constituent->volumeFraction = varied(3.0);
-    constituent->degradation = 1.0;
+  for (const auto* const child : composite.children()) {
+    auto& constituent = composite.get(child->name());
+    constituent.volumeFraction = varied(3.0);
+    constituent.degradation = 1.0;
   }
 }
 
