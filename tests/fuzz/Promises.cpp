@@ -137,27 +137,45 @@ bool isLeft(const Call& before, const Call& after) {
          after.iterations[0] == 0 && after.iterations[1] == 0;
 }
 
-template <typename Unknowns>
-void requireBounds(kx::TransverselyIsotropic fitted,
-                   kx::TransverselyIsotropic start,
-                   const Unknowns& unknowns) {
-  // The smallest numbers have few digits.
-  constexpr double kSmallest = std::numeric_limits<double>::denorm_min();
+/// The smallest numbers have few digits.
+constexpr double kSmallest = std::numeric_limits<double>::denorm_min();
+
+void requireModulusBounds(const double from, const double to) {
   constexpr double kWider = 1.0 + kRounding;
-  for (const kx::Unknown& unknown : unknowns) {
-    const double from = kx::constantOf(start, unknown.constant);
-    const double to = kx::constantOf(fitted, unknown.constant);
-    if (unknown.isRatio()) {
-      const double rounding = kRounding * std::max(1.0, std::abs(from));
-      require(to >= std::min(from, unknown.lowest) - rounding &&
-                  to <= std::max(from, unknown.highest) + rounding,
-              "a fitted Poisson's ratio is within its bounds");
+  require(to >= from / kx::kModulusFactor / kWider - kSmallest &&
+              to <= from * kx::kModulusFactor * kWider + kSmallest,
+          "a fitted modulus is within its bounds");
+}
+
+void requireRatioBounds(const double from,
+                        const double to,
+                        const double lowest,
+                        const double highest) {
+  const double rounding = kRounding * std::max(1.0, std::abs(from));
+  require(to >= std::min(from, lowest) - rounding && to <= std::max(from, highest) + rounding,
+          "a fitted Poisson's ratio is within its bounds");
+}
+
+/// Of five constants in the order of kElasticMembers.
+template <typename Unknowns>
+void requireBounds(const kx::TransverselyIsotropic& fitted,
+                   const kx::TransverselyIsotropic& start,
+                   const Unknowns& unknowns) {
+  auto unknown = unknowns.begin();
+  for (const auto member : kx::kElasticMembers<double>) {
+    if (unknown->isRatio()) {
+      requireRatioBounds(start.*member, fitted.*member, unknown->lowest, unknown->highest);
     } else {
-      require(to >= from / kx::kModulusFactor / kWider - kSmallest &&
-                  to <= from * kx::kModulusFactor * kWider + kSmallest,
-              "a fitted modulus is within its bounds");
+      requireModulusBounds(start.*member, fitted.*member);
     }
+    ++unknown;
   }
+}
+
+void requireIsotropicBounds(const kx::TransverselyIsotropic& fitted,
+                            const kx::TransverselyIsotropic& start) {
+  requireModulusBounds(start.g12, fitted.g12);
+  requireRatioBounds(start.v12, fitted.v12, kx::kLowestMatrixRatio, kx::kHighestMatrixRatio);
 }
 
 /// Of constituents that a fit has moved.
@@ -174,10 +192,9 @@ void requireConstituents(const Call& before, const Call& after, const kx::Matrix
   const auto fitted = kx::transverselyIsotropic(matrix);
   if (start.symmetry == kx::MatrixSymmetry::isotropic) {
     require(isIsotropic(matrix), "an isotropic matrix stays isotropic");
-    requireBounds(fitted, start.constants, kx::kMatrixUnknowns<kx::MatrixSymmetry::isotropic>);
+    requireIsotropicBounds(fitted, start.constants);
   } else {
-    requireBounds(
-        fitted, start.constants, kx::kMatrixUnknowns<kx::MatrixSymmetry::transverselyIsotropic>);
+    requireBounds(fitted, start.constants, kx::kTransverseMatrixUnknowns);
   }
 }
 
