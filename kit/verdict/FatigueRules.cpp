@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -48,8 +49,8 @@ struct LineSums {
 };
 
 /// The scatter of log10(life) about straight lines over the stress, one for each angle and ratio
-/// with three tests or more; 0 without such.
-double straightLineScatter(const std::vector<SnRecord>& tests) {
+/// with three tests or more; nothing without such.
+std::optional<double> straightLineScatter(const std::vector<SnRecord>& tests) {
   std::map<std::pair<double, double>, LineSums> groups;
   double scale = 0.0;
   for (const SnRecord& test : tests) {
@@ -66,7 +67,10 @@ double straightLineScatter(const std::vector<SnRecord>& tests) {
       count += line.n;
     }
   }
-  return count > 0.0 ? std::sqrt(sum / count) : 0.0;
+  if (count == 0.0) {
+    return std::nullopt;
+  }
+  return std::sqrt(sum / count);
 }
 
 std::string listed(const std::set<double>& values) {
@@ -133,16 +137,16 @@ void lookAtConstants(const EnvironmentData& environment,
 
 void lookAtScatter(const Subject& subject, const std::size_t index, Findings& findings) {
   const double law = lawScatter(subject, index);
-  const double line = straightLineScatter(subject.folder.data.environments[index].snRecords);
-  if (law > kOrdinaryScatter && line > 0.0 && law > kScatterFactor * line) {
+  const auto line = straightLineScatter(subject.folder.data.environments[index].snRecords);
+  if (line && law > kOrdinaryScatter && law > kScatterFactor * *line) {
     Finding finding = findingAbout(
         "fatigue",
         Severity::warning,
         index,
-        "lives scatter by " + roughly(law) + " decades about the law and by " + roughly(line) +
+        "lives scatter by " + roughly(law) + " decades about the law and by " + roughly(*line) +
             " about straight lines: strengths and tests do not go together");
     finding.value = roughly(law) + " decades";
-    finding.expected = roughly(line) + " decades";
+    finding.expected = roughly(*line) + " decades";
     findings.push_back(std::move(finding));
   }
 }

@@ -1,5 +1,6 @@
 #include "verdict/Verdict.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 #include <utility>
@@ -11,6 +12,8 @@
 namespace lamkit {
 
 namespace {
+
+constexpr const char* kNoEnvironment = "no-environment";
 
 using RuleGroup = Findings (*)(const Subject& subject);
 
@@ -33,7 +36,7 @@ void nameEnvironments(Findings& findings) {
 
 Findings judge(const Subject& subject) {
   if (subject.folder.data.environments.empty()) {
-    return {findingAbout("no-environment",
+    return {findingAbout(kNoEnvironment,
                          Severity::error,
                          "the data hold no environment, hence no material: give the deck an "
                          "ENVIRONMENT, and look at its line ends")};
@@ -58,6 +61,14 @@ Finding unreadable(const FolderError& error) {
   return findingAbout("unreadable", Severity::error, std::string(error.what()) + ": solve again");
 }
 
+/// Whether check has found in the deck copy already that there is no environment.
+bool isSaid(const Findings& findings, const std::string& rule) {
+  return rule == kNoEnvironment &&
+         std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
+           return finding.rule == kNoEnvironment;
+         });
+}
+
 FileFindings judge(const std::string& path, const bool withDeckRules) {
   FileFindings result{path, {}};
   try {
@@ -65,7 +76,11 @@ FileFindings judge(const std::string& path, const bool withDeckRules) {
     if (withDeckRules && subject.folder.deckCopy) {
       append(result.findings, checkDeck(*subject.folder.deckCopy, {false}).findings);
     }
-    append(result.findings, judge(subject));
+    for (Finding& finding : judge(subject)) {
+      if (!isSaid(result.findings, finding.rule)) {
+        result.findings.push_back(std::move(finding));
+      }
+    }
   } catch (const FolderError& error) {
     if (error.fault() == FolderFault::missing) {
       throw Failure(path, "there is no such folder");

@@ -1,9 +1,18 @@
 #include "solve/RunRules.h"
 
+#include <string>
+
 #include <gtest/gtest.h>
+
+#include "support/TemporaryFolder.h"
 
 namespace lamkit {
 namespace {
+
+bool isInGuide(const Finding& finding) {
+  const std::string guide = lamcraft::test::contentOf(std::string(LAMCRAFT_DOCS) + "/lamkit.md");
+  return guide.find("error: " + finding.message + " [" + finding.rule + "]") != std::string::npos;
+}
 
 ChildEnd ended(const int code) {
   return {code, std::chrono::duration<double>(1.0)};
@@ -22,6 +31,7 @@ TEST(RunRules, SayWhyARunFailed) {
   EXPECT_EQ(
       fatal[0].message,
       "lamcraft says \"FATAL ERROR: Malformed input file: Invalid keyword: X\": mend the deck");
+  EXPECT_TRUE(isInGuide(fatal[0]));
   EXPECT_EQ(runFindings(ended(139), "", true).at(0).value, "exit code 139");
   EXPECT_EQ(runFindings(ended(0), "", false).at(0).value, "no mdata.xml");
 }
@@ -31,6 +41,7 @@ TEST(RunRules, TellARunThatTookTooLongFromOneThatFailed) {
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].rule, "timeout");
   EXPECT_EQ(findings[0].value, "1.5 s");
+  EXPECT_TRUE(isInGuide(findings[0]));
 }
 
 }  // namespace
