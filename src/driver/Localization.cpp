@@ -54,7 +54,7 @@ void setupLocalization(const std::optional<std::string>& messagesPath,
   // stream's characters would be lost.
   std::ios_base::sync_with_stdio(false);
   std::locale::global(console::withListSeparator(generated, platform::userLocaleName()));
-  std::cout.imbue(std::locale());
+  std::cout.imbue(platform::withConsoleBytes(std::locale()));
   std::wcout.imbue(console::withSteadyConversion(user));
   setupConsole();
 }

@@ -14,6 +14,10 @@ std::locale userLocale() {
   }
 }
 
+std::locale withConsoleBytes(const std::locale& base) {
+  return base;
+}
+
 std::string userLocaleName() {
   return userLocale().name();
 }

@@ -7,9 +7,14 @@
 namespace lamcraft::platform {
 
 /// The standard library's locale for the user, all categories. On Windows its wide characters
-/// become bytes in the code page that the console has at that moment.
+/// become bytes in the code page of the output at that moment.
 /// Throws std::runtime_error("bad locale name") when the user's locale is not there.
 std::locale userLocale();
+
+/// `base` for the narrow standard output. On Windows the program's bytes, which are in the code
+/// page of Windows, become those of the console's code page where the output is a console;
+/// elsewhere it is `base` itself.
+std::locale withConsoleBytes(const std::locale& base);
 
 /// The name of that locale, for instance "de_DE.UTF-8" or "German_Germany.1252". Throws likewise.
 std::string userLocaleName();

@@ -3,6 +3,9 @@
 #include <windows.h>
 
 #include <array>
+#include <string>
+
+#include "platform/WindowsText.h"
 
 namespace lamcraft::platform {
 
@@ -11,8 +14,9 @@ namespace {
 constexpr int kLongestCharacter = 8;  // bytes; GB18030 and UTF-8 need four
 
 UINT outputCodePage() {
-  const UINT codePage = GetConsoleOutputCP();
-  return codePage != 0 ? codePage : GetACP();
+  DWORD mode = 0;
+  const bool isConsole = GetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), &mode) != 0;
+  return isConsole ? GetConsoleOutputCP() : GetACP();
 }
 
 /// Number of units of the character at `from`: two for a surrogate pair.
@@ -87,6 +91,48 @@ int ConsoleConversion::do_length(std::mbstate_t& /*state*/,
 }
 
 int ConsoleConversion::do_max_length() const noexcept {
+  return kLongestCharacter;
+}
+
+std::codecvt_base::result NarrowConsoleConversion::do_out(std::mbstate_t& /*state*/,
+                                                          const char* from,
+                                                          const char* fromEnd,
+                                                          const char*& fromNext,
+                                                          char* to,
+                                                          char* toEnd,
+                                                          char*& toNext) const {
+  const UINT codePage = outputCodePage();
+  fromNext = from;
+  toNext = to;
+  if (codePage == GetACP() || from == fromEnd) {
+    return noconv;
+  }
+  const std::wstring text = widened(std::string(from, fromEnd));
+  const int size = WideCharToMultiByte(codePage,
+                                       0,
+                                       text.data(),
+                                       static_cast<int>(text.size()),
+                                       to,
+                                       static_cast<int>(toEnd - to),
+                                       nullptr,
+                                       nullptr);
+  if (size <= 0) {
+    return error;
+  }
+  fromNext = fromEnd;
+  toNext = to + size;
+  return ok;
+}
+
+int NarrowConsoleConversion::do_encoding() const noexcept {
+  return 0;
+}
+
+bool NarrowConsoleConversion::do_always_noconv() const noexcept {
+  return false;
+}
+
+int NarrowConsoleConversion::do_max_length() const noexcept {
   return kLongestCharacter;
 }
 

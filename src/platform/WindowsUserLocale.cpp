@@ -27,6 +27,10 @@ std::locale userLocale() {
   return {libraryLocale(), new ConsoleConversion};  // owned by the locale
 }
 
+std::locale withConsoleBytes(const std::locale& base) {
+  return {base, new NarrowConsoleConversion};
+}
+
 std::string userLocaleName() {
   const char* name = std::setlocale(LC_ALL, "");
   if (name == nullptr) {

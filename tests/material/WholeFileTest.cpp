@@ -74,16 +74,6 @@ TEST_F(WholeFile, LeavesThePartsOfOthersAlone) {
   EXPECT_EQ(contentOf(path_ + ".part2"), "another run's");
 }
 
-TEST_F(WholeFile, DoesNotReplaceAWriteProtectedOne) {
-  folder_.write("mdata.xml", "old");
-  fs::permissions(path_, fs::perms::owner_read);
-  // The administrator of a POSIX system may write every file.
-  const bool isProtected = !std::ofstream(path_, std::ios::app).is_open();
-  EXPECT_EQ(writeWhole(path_, writer()), !isProtected);
-  EXPECT_EQ(contentOf(path_), isProtected ? "old" : "new");
-  fs::permissions(path_, fs::perms::owner_all);  // or Windows could not remove it
-}
-
 TEST_F(WholeFile, DoesNotTakeTheNameOfAFolder) {
   fs::create_directory(path_);
   EXPECT_FALSE(writeWhole(path_, writer()));

@@ -37,7 +37,8 @@ Converted converted(const std::wstring& text, std::size_t room = 100) {
 
 /// The tests have no console, so that the code page is that of Windows.
 bool isWesternEuropean() {
-  return GetConsoleOutputCP() == 0 && GetACP() == 1252;
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), &mode) == 0 && GetACP() == 1252;
 }
 
 TEST(WindowsConversion, LettersOfTheCodePageBecomeItsBytes) {

@@ -1,10 +1,12 @@
 // The program on a real console, which under Wine needs a display.
 
+#include <algorithm>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/CatalogueFile.h"
 #include "windows/WindowsProgram.h"
 
 namespace lamcraft::test {
@@ -18,10 +20,14 @@ constexpr const char* kProbe = LAMCRAFT_WINDOWS_BUILD "/bin/console_probe.exe";
 struct ConsoleRun {
   std::string report;  ///< exit code of the program, and the console's code page thereafter
   std::string calls;   ///< calls of the console, as Wine traces them
+  std::string file;    ///< standard output of the program, where it went into a file
 };
 
-ConsoleRun runInConsole(const std::string& locale) {
+/// Without a deck, or with one that is not there, and then with the standard output in a file.
+ConsoleRun runInConsole(const std::string& locale, const bool isRedirected = false) {
   const WindowsProgram windows;
+  copyCatalogues(windows.folder().file("locale"));
+  const std::string output = windows.folder().file("output.txt");
   const std::string report = windows.folder().file("report.txt");
   ProcessRun process;
   process.program = "/usr/bin/xvfb-run";
@@ -31,13 +37,19 @@ ConsoleRun runInConsole(const std::string& locale) {
                        kProbe,
                        windowsPath(report),
                        windowsPath(windows.program())};
+  if (isRedirected) {
+    process.arguments.push_back(windowsPath(output));
+  }
+  process.folder = windows.folder().path().string();
   // A Wine of its own: the server of the other tests runs without a display, and so would a
   // console.
   process.environment = {{"LC_ALL", locale},
                          {"WINEDEBUG", "trace+console"},
                          {"WINEPREFIX", LAMCRAFT_ROOT "/build/wine-console"}};
   const ProcessResult result = run(process);
-  return {withPlainLineEnds(contentOf(report)), result.err};
+  return {withPlainLineEnds(contentOf(report)),
+          result.err,
+          isRedirected ? withPlainLineEnds(contentOf(output)) : std::string()};
 }
 
 TEST(Console, GermanUsersGetAFontAndACodePageThatShowUmlauts) {
@@ -55,6 +67,20 @@ TEST(Console, ConsoleOfOtherUsersStaysAsItIs) {
   const ConsoleRun japanese = runInConsole("ja_JP.UTF-8");
   EXPECT_EQ(japanese.report, "exit code 0\ncode page 932\n");
   EXPECT_THAT(japanese.calls, Not(HasSubstr("SetCurrentConsoleFontEx")));
+}
+
+TEST(Console, RedirectedRunWritesTextsAndNamesInTheCodePageOfWindows) {
+  const ConsoleRun french = runInConsole("fr_FR.UTF-8", true);
+  EXPECT_EQ(french.report, "exit code 2\ncode page 850\n");
+  const std::size_t lineEnd = french.file.find('\n');
+  EXPECT_EQ(french.file.substr(lineEnd + 1), "Could not open file t\xe9.qdk\n");
+  const auto catalogue = catalogueEntries(LAMCRAFT_ROOT "/locale/fr/cvqt.po");
+  const auto isHeadline = [](const CatalogueEntry& entry) {
+    return entry.text == "FATAL ERROR: An unknown error occurred in Parse";
+  };
+  const auto headline = std::find_if(catalogue.begin(), catalogue.end(), isHeadline);
+  ASSERT_NE(headline, catalogue.end());
+  EXPECT_EQ(french.file.substr(0, lineEnd), inCodePage(headline->translation, 1252));
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ TEST_F(Files, FileWithTheArchiveAttributeAloneIsOverwritten) {
   EXPECT_NE(contentOf(path("out/mdata.xml")), "mine");
 }
 
-TEST_F(Files, ReadOnlyFileIsNotRefusedButReplaced) {
+TEST_F(Files, ReadOnlyFileIsNeitherRefusedNorReplaced) {
   fs::create_directory(path("out"));
   windows_.folder().write("out/mdata.xml", "mine");
   fs::permissions(path("out/mdata.xml"), fs::perms::owner_read, fs::perm_options::replace);
@@ -52,7 +52,36 @@ TEST_F(Files, ReadOnlyFileIsNotRefusedButReplaced) {
   EXPECT_THAT(result.out, StartsWith(kFirstLine));
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_TRUE(fs::exists(path("out/input.qdk")));
-  EXPECT_THAT(contentOf(path("out/mdata.xml")), StartsWith("<?xml"));
+  EXPECT_EQ(contentOf(path("out/mdata.xml")), "mine");
+  EXPECT_EQ(fs::status(path("out/mdata.xml")).permissions(), fs::perms::owner_read);
+}
+
+TEST_F(Files, DeckHasTheLineEndsOfUnixAndDataHaveThoseOfWindows) {
+  writeDeck(UniDeck());
+  EXPECT_EQ(windows_.run({"deck.qdk", "out"}).exitCode, 0);
+  EXPECT_EQ(contentOf(path("out/input.qdk")).find('\r'), std::string::npos);
+  EXPECT_NE(contentOf(path("out/mdata.xml")).find("\r\n"), std::string::npos);
+}
+
+TEST_F(Files, NameThatTheCodePageCannotSpellIsNoOtherName) {
+  writeDeck(UniDeck(), "a.qdk");
+  writeDeck(UniDeck(), "\u0101.qdk");
+  const ProcessResult result = windows_.run({"\u0101.qdk", "out"});
+  EXPECT_EQ(result.out,
+            "FATAL ERROR: An unknown error occurred in Parse\nCould not open file ?.qdk\n");
+  EXPECT_EQ(result.exitCode, 2);
+  fs::create_directory(path("e"));
+  EXPECT_EQ(windows_.run({"a.qdk", "\u0113"}).out,
+            "FATAL ERROR: Unable to create material directory:\n?\n");
+  EXPECT_TRUE(fs::is_empty(path("e")));
+}
+
+TEST_F(Files, FolderMayEndWithABackslashInQuotes) {
+  writeDeck(UniDeck());
+  windows_.folder().write("run.cmd", "@lamcraft.exe deck.qdk \"my results\\\" more\r\n");
+  const ProcessResult result = runUnderWine({"cmd", {"/c", "run.cmd"}, {}, path(".").string()});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_TRUE(fs::exists(path("my results/mdata.xml"))) << result.out;
 }
 
 TEST_F(Files, FolderNamedLikeTheDataFileIsNotRefused) {

@@ -31,7 +31,8 @@ std::set<std::string> librariesOf(const std::string& file) {
 
 TEST(Program, NeedsNothingButWindowsAndTheMicromechanicsLibrary) {
   EXPECT_THAT(librariesOf("lamcraft.exe"),
-              testing::ElementsAre("ADVAPI32.dll", "KERNEL32.dll", "kxdriver.dll", "msvcrt.dll"));
+              testing::ElementsAre(
+                  "ADVAPI32.dll", "KERNEL32.dll", "SHELL32.dll", "kxdriver.dll", "msvcrt.dll"));
   EXPECT_THAT(librariesOf("kxdriver.dll"), testing::ElementsAre("KERNEL32.dll", "msvcrt.dll"));
 }
 
@@ -70,7 +71,8 @@ TEST(Program, ExitCodesTellTheKindsOfFailureApart) {
 TEST(Program, MonitorReportsTheIterationsOfTheLibrary) {
   const WindowsProgram windows;
   windows.folder().write("deck.qdk", UniDeck().text());
-  const ProcessResult result = windows.run({"deck.qdk", "out"}, {{"KXFAKE_ITERATION", "7"}, {"KXFAKE_SLEEP_MS", "1000"}});
+  const ProcessResult result =
+      windows.run({"deck.qdk", "out"}, {{"KXFAKE_ITERATION", "7"}, {"KXFAKE_SLEEP_MS", "1000"}});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_THAT(result.out, HasSubstr("Iteration: 7,  Error: 0.125\n"));
 }
