@@ -220,14 +220,16 @@ void addSwapped(const Spot& spot, const Severity severity, Report& report, std::
   report.add("swapped", severity, spot, std::move(message));
 }
 
-/// What the direction along the fiber must have more of than the one across it.
-void checkOrder(const SetViews& views, const bool isWoven, Report& report) {
+/// What the direction along the fiber must have more of than the one across it. Answers whether the
+/// lamina's axes are in order.
+bool checkOrder(const SetViews& views, const bool isWoven, Report& report) {
   const SetView& lamina = views.lamina;
   const SetView& fiber = views.fiber;
   const SetView& matrix = views.matrix;
   constexpr double kRounding = 0.97;
   const kx::Properties& ply = lamina.base;
-  if (!isWoven && ply.e11 > 0.0 && ply.e11 < kRounding * ply.e22) {
+  const bool isTurned = !isWoven && ply.e11 > 0.0 && ply.e11 < kRounding * ply.e22;
+  if (isTurned) {
     addSwapped(lamina.spotOf(Property::e11),
                Severity::error,
                report,
@@ -261,6 +263,7 @@ void checkOrder(const SetViews& views, const bool isWoven, Report& report) {
         "LAMINA E11 is above that of fiber and matrix, which no ply can have: are LAMINA and "
         "FIBER swapped?");
   }
+  return !isTurned;
 }
 
 /// A set that DEFAULT takes from a system without defaults is all zeros.
@@ -312,10 +315,9 @@ bool checkSets(const Reading& reading, const EnvironmentKeywords& environment, R
   const SetState matrix = checkSet(reading, views.matrix, report);
   checkTarget(views.lamina, reading, report);
   const SetState worst = std::min({lamina, fiber, matrix});
-  if (worst != SetState::none) {
-    checkOrder(views, reading.composite().isWoven(), report);
-  }
-  return worst == SetState::good;
+  const bool isInOrder =
+      worst == SetState::none || checkOrder(views, reading.composite().isWoven(), report);
+  return worst == SetState::good && isInOrder;
 }
 
 }  // namespace lamkit

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "check/MaterialRules.h"
 #include "check/Sets.h"
 #include "check/Wording.h"
 #include "lamina/UnidirectionalLamina.h"
@@ -56,6 +57,7 @@ void checkStart(const Reading& reading, const EnvironmentKeywords& environment, 
   const lamcraft::Composite& composite = reading.composite();
   const SetViews views = setViews(reading, environment);
   const StartValues start = startValues(views);
+  const Families families = familiesOf(systemName(reading));
   if (!kx::isAdmissible(start.fiber) || !kx::isAdmissible(start.matrix)) {
     return;
   }
@@ -76,8 +78,9 @@ void checkStart(const Reading& reading, const EnvironmentKeywords& environment, 
     // Of a fabric's small v12, 30 % is less than anybody can measure.
     const bool isSmall =
         row.property == Property::v12 && std::abs(row.predicted - row.measured) < kRatioScatter;
-    if (isSmall || row.measured <= 0.0 || !std::isfinite(deviation) ||
-        std::abs(deviation) <= kFar) {
+    // What is unusual by itself is said by itself.
+    if (isSmall || !isUsual(views.lamina, row.property, families) || row.measured <= 0.0 ||
+        !std::isfinite(deviation) || std::abs(deviation) <= kFar) {
       continue;
     }
     const lamcraft::PropertyRow& names = lamcraft::kPropertyRows[indexOf(row.property)];

@@ -122,10 +122,10 @@ TEST(Reliability, HasARowForEveryTestAndATestForEveryRow) {
   EXPECT_EQ(testsNamedIn("docs/reliability.md"), tests);
 }
 
-TEST(Readme, HasAFirstDeckOfElevenLinesThatRuns) {
+TEST(Readme, HasAFirstDeckOfTwelveLinesThatRuns) {
   const auto blocks = blocksOf("README.md");
   const std::string& deck = blocks.at("A first deck of your own").at(0);
-  EXPECT_EQ(std::count(deck.begin(), deck.end(), '\n'), 11);
+  EXPECT_EQ(std::count(deck.begin(), deck.end(), '\n'), 12);
   const TemporaryFolder folder;
   const ProcessResult result = solve(folder, deck);
   EXPECT_EQ(result.exitCode, 0);
