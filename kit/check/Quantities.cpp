@@ -68,12 +68,10 @@ void addSlip(const QuantityGroup& group,
              const Unit& unit,
              const std::size_t others,
              Report& report) {
-  std::string message = isText(quantity) + ", " + usualText(group, quantity) +
-                        ": was it meant in " + std::string(unit.name) + "?";
-  if (others > 0) {
-    message += " So it would be with the " + std::to_string(others) + " other" +
-               (others == 1 ? "" : "s") + " of its kind";
-  }
+  const std::string many = std::to_string(others) + (others == 1 ? " other" : " others");
+  const std::string question = others == 0 ? "was it" : "were it and the " + many + " of its kind";
+  const std::string message = isText(quantity) + ", " + usualText(group, quantity) + ": " +
+                              question + " meant in " + std::string(unit.name) + "?";
   report.add("unit-slip", Severity::error, quantity.spot, message, figuresOf(quantity));
 }
 
