@@ -4,6 +4,7 @@
 #include <array>
 #include <exception>
 
+#include "card/CardCommand.h"
 #include "check/CheckCommand.h"
 #include "command/Context.h"
 #include "solve/SolveCommand.h"
@@ -18,7 +19,7 @@ using AddCommand = void (*)(CLI::App& program, Context& context);
 
 /// Every subcommand, in the order of the help. Each adds itself to the program, with a callback
 /// that does its work in the context.
-constexpr std::array<AddCommand, 4> kCommands{addCheck, addVerdict, addSolve, addTable};
+constexpr std::array<AddCommand, 5> kCommands{addCheck, addVerdict, addSolve, addTable, addCard};
 
 /// What the command line lacks, or the help or the version that it asks for.
 ExitCode answer(const CLI::App& program, const CLI::ParseError& error, Context& context) {

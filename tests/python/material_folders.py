@@ -1,5 +1,6 @@
 """Material folders to read: those of every golden case and every example, solved with the stand-in
-library, which answers with a number of its own in each place."""
+library, which answers with a number of its own in each place; and every example solved with the
+engine."""
 
 import atexit
 import functools
@@ -14,6 +15,7 @@ GOLDEN = ROOT / "tests" / "golden"
 EXAMPLES = ROOT / "examples"
 
 PROGRAM = os.environ["LAMCRAFT_PROGRAM"]
+KIT = os.environ["LAMKIT_PROGRAM"]
 FAKE_FOLDER = os.environ["LAMCRAFT_FAKE_FOLDER"]
 ENGINE_FOLDER = os.environ["LAMCRAFT_ENGINE_FOLDER"]
 
@@ -40,10 +42,26 @@ def solve(deck, target, library=FAKE_FOLDER):
     return target if (target / "mdata.xml").exists() else None
 
 
-@functools.lru_cache(maxsize=None)
-def material_folders():
-    """Folders with data, by name; all decks are solved when they are first asked for."""
+def solve_all(chosen, library):
+    """Folders with data, by name, in a place that is removed at the end."""
     holder = Path(tempfile.mkdtemp())
     atexit.register(shutil.rmtree, holder)
-    solved = {name: solve(deck, holder / name) for name, deck in decks().items()}
+    solved = {name: solve(deck, holder / name, library) for name, deck in chosen.items()}
     return {name: folder for name, folder in solved.items() if folder is not None}
+
+
+@functools.lru_cache(maxsize=None)
+def material_folders():
+    """What the stand-in library makes of every deck."""
+    return solve_all(decks(), FAKE_FOLDER)
+
+
+@functools.lru_cache(maxsize=None)
+def example_folders():
+    """What the engine makes of every example."""
+    return solve_all({deck.stem: deck for deck in EXAMPLES.glob("*.qdk")}, ENGINE_FOLDER)
+
+
+def lamkit(*arguments):
+    """Runs lamkit."""
+    return subprocess.run([KIT, *arguments], capture_output=True, text=True, timeout=300)

@@ -1,11 +1,15 @@
 """Holds the schemas of docs/ to what the program writes."""
 
+import copy
+import json
 import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
-from material_folders import ENGINE_FOLDER, ROOT, decks, material_folders, solve
+import jsonschema
+
+from material_folders import ROOT, example_folders, lamkit, material_folders
 
 SCHEMA = ROOT / "docs" / "mdata.xsd"
 
@@ -31,10 +35,9 @@ class DataFileSchema(unittest.TestCase):
                 self.expect_valid(folder)
 
     def test_takes_what_the_engine_writes(self):
-        with tempfile.TemporaryDirectory() as holder:
-            for name in ("ge1-glass-epoxy", "im7-8552", "plain-weave-glass-vinylester"):
-                folder = solve(decks()[name], Path(holder) / name, ENGINE_FOLDER)
-                self.assertIsNotNone(folder, name)
+        self.assertEqual(len(example_folders()), 11)
+        for name, folder in example_folders().items():
+            with self.subTest(name=name):
                 self.expect_valid(folder)
 
     def test_refuses_what_the_program_does_not_write(self):
@@ -66,6 +69,62 @@ class DataFileSchema(unittest.TestCase):
             file = Path(folder) / "mdata.xml"
             file.write_text(text)
             return refusal(file)
+
+
+def validator_of(name):
+    schema = json.loads((ROOT / "docs" / name).read_text())
+    jsonschema.Draft202012Validator.check_schema(schema)
+    return jsonschema.Draft202012Validator(schema)
+
+
+class CardSchema(unittest.TestCase):
+    def card_of(self, folder, *arguments):
+        result = lamkit("card", folder, "--for", "json", "--force", *arguments)
+        self.assertIn(result.returncode, (0, 1, 2), result.stderr)
+        return json.loads(result.stdout)
+
+    def test_takes_the_cards_of_examples(self):
+        validator = validator_of("card.schema.json")
+        for name, folder in example_folders().items():
+            for units in ("si", "mm-t-s"):
+                with self.subTest(name=name, units=units):
+                    validator.validate(self.card_of(folder, "--units", units))
+
+    def test_takes_the_card_of_a_ply_with_everything(self):
+        card = self.card_of(material_folders()["uni_everything"])
+        validator_of("card.schema.json").validate(card)
+        environment = card["temperatures"][0]
+        for part in ("critical_invariants", "fracture", "cohesive", "shear"):
+            self.assertIn(part, environment)
+        self.assertEqual(len(environment["sn_tests"]), 2)
+        self.assertIn("fatigue", environment["constituents"][0])
+        self.assertEqual(
+            card["ply_thickness"],
+            {
+                "value": 1.27e-4,
+                "unit": "m",
+                "min": 1.2e-4,
+                "max": 1.35e-4,
+                "distributions": {"normal": {"mean": 1.27e-4, "stddev": 2e-6}},
+            },
+        )
+
+    def test_refuses_other_documents(self):
+        validator = validator_of("card.schema.json")
+        whole = self.card_of(example_folders()["im7-8552"])
+        damages = [
+            lambda card: card.pop("units"),
+            lambda card: card.update(verdict="fine"),
+            lambda card: card.update(temperatures=[]),
+            lambda card: card["density"].pop("unit"),
+            lambda card: card["density"].update(value="1580"),
+            lambda card: card["temperatures"][0]["composite"][0]["properties"].pop("G23"),
+        ]
+        for number, damage in enumerate(damages):
+            card = copy.deepcopy(whole)
+            damage(card)
+            with self.subTest(number=number):
+                self.assertFalse(validator.is_valid(card))
 
 
 if __name__ == "__main__":
