@@ -112,8 +112,7 @@ TEST(OutOfMemory, LeavesNoNumbersThatLookLikeAResult) {
   for (const std::size_t more : {0U, 1U, 4U, 8U, 12U, 16U, 20U}) {
     // Enough or not, as the threads need it.
     const int outcome = outcomeWith(more * kMegabyte, WeaveCall{});
-    EXPECT_TRUE(outcome == withoutNumbers || outcome == solved)
-        << more << " MB: " << outcome;
+    EXPECT_TRUE(outcome == withoutNumbers || outcome == solved) << more << " MB: " << outcome;
   }
   EXPECT_EQ(outcomeWith(1000 * kMegabyte, WeaveCall{}), solved);
 }
