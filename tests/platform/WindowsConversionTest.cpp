@@ -77,5 +77,26 @@ TEST(WindowsConversion, StopsWhereTheRoomEnds) {
   EXPECT_EQ(text.charactersRead, 3U);
 }
 
+TEST(WindowsConversion, NarrowTextStaysAsItIsWhereTheOutputIsNoConsole) {
+  if (!isWesternEuropean()) {
+    GTEST_SKIP() << "the code page is another";
+  }
+  const std::locale locale(std::locale::classic(), new NarrowConsoleConversion);
+  const auto& conversion = std::use_facet<std::codecvt<char, char, std::mbstate_t>>(locale);
+  const std::string text = "t\xe9.qdk";
+  std::string bytes(100, '\0');
+  std::mbstate_t state{};
+  const char* fromNext = nullptr;
+  char* toNext = nullptr;
+  EXPECT_EQ(conversion.out(state,
+                           text.data(),
+                           text.data() + text.size(),
+                           fromNext,
+                           bytes.data(),
+                           bytes.data() + bytes.size(),
+                           toNext),
+            std::codecvt_base::noconv);
+}
+
 }  // namespace
 }  // namespace lamcraft::platform

@@ -23,8 +23,10 @@ struct ConsoleRun {
   std::string file;    ///< standard output of the program, where it went into a file
 };
 
-/// Without a deck, or with one that is not there, and then with the standard output in a file.
-ConsoleRun runInConsole(const std::string& locale, const bool isRedirected = false) {
+enum class Run { withoutDeck, onScreen, redirected };
+
+/// Without a deck, or with one that is not there.
+ConsoleRun runInConsole(const std::string& locale, const Run kind = Run::withoutDeck) {
   const WindowsProgram windows;
   copyCatalogues(windows.folder().file("locale"));
   const std::string output = windows.folder().file("output.txt");
@@ -37,8 +39,8 @@ ConsoleRun runInConsole(const std::string& locale, const bool isRedirected = fal
                        kProbe,
                        windowsPath(report),
                        windowsPath(windows.program())};
-  if (isRedirected) {
-    process.arguments.push_back(windowsPath(output));
+  if (kind != Run::withoutDeck) {
+    process.arguments.push_back(kind == Run::onScreen ? "-" : windowsPath(output));
   }
   process.folder = windows.folder().path().string();
   // A Wine of its own: the server of the other tests runs without a display, and so would a
@@ -49,7 +51,7 @@ ConsoleRun runInConsole(const std::string& locale, const bool isRedirected = fal
   const ProcessResult result = run(process);
   return {withPlainLineEnds(contentOf(report)),
           result.err,
-          isRedirected ? withPlainLineEnds(contentOf(output)) : std::string()};
+          kind == Run::redirected ? withPlainLineEnds(contentOf(output)) : std::string()};
 }
 
 TEST(Console, GermanUsersGetAFontAndACodePageThatShowUmlauts) {
@@ -69,8 +71,18 @@ TEST(Console, ConsoleOfOtherUsersStaysAsItIs) {
   EXPECT_THAT(japanese.calls, Not(HasSubstr("SetCurrentConsoleFontEx")));
 }
 
+TEST(Console, GetsTextsAndNamesInItsOwnCodePage) {
+  const std::string expected =
+      "exit code 2\ncode page 850\n"
+      "ERREUR FATALE : Erreur inconnue \u00e0 la lecture du fichier d'entr\u00e9e\n"
+      "Could not open file t\u00e9.qdk\n";
+  const std::string shown = runInConsole("fr_FR.UTF-8", Run::onScreen).report;
+  // Wine's console may take each byte for the character of that number, as in ISO 8859-1 (819).
+  EXPECT_TRUE(shown == expected || inCodePage(shown, 819) == inCodePage(expected, 850)) << shown;
+}
+
 TEST(Console, RedirectedRunWritesTextsAndNamesInTheCodePageOfWindows) {
-  const ConsoleRun french = runInConsole("fr_FR.UTF-8", true);
+  const ConsoleRun french = runInConsole("fr_FR.UTF-8", Run::redirected);
   EXPECT_EQ(french.report, "exit code 2\ncode page 850\n");
   const std::size_t lineEnd = french.file.find('\n');
   EXPECT_EQ(french.file.substr(lineEnd + 1), "Could not open file t\xe9.qdk\n");
