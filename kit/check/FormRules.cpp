@@ -72,7 +72,7 @@ bool checkSurplus(const Subject& subject,
   const std::size_t surplus = values.size() - names.size();
   const std::string read = subject.keyword.name() + " reads " + std::to_string(names.size()) +
                            (names.size() == 1 ? " value" : " values") + " from this line (" +
-                           listed(names) + "), and there are " + std::to_string(values.size());
+                           joined(names) + "), and there are " + std::to_string(values.size());
   if (possibleDecimalCommas(values) >= surplus) {
     subject.add("decimal-comma",
                 Severity::error,
@@ -101,7 +101,7 @@ void checkMissing(const Subject& subject,
     if (line >= subject.keyword.lineCount()) {
       message += ", and has no data line";
     } else {
-      message += ": write all " + std::to_string(names.size()) + " values (" + listed(names) + ")";
+      message += ": write all " + std::to_string(names.size()) + " values (" + joined(names) + ")";
     }
     if (keyword == "MATRIX" && count == 3 && !subject.keyword.hasParameter("LAW")) {
       message += "; three values are of an isotropic matrix, LAW=ISO";
@@ -282,6 +282,14 @@ void checkWord(const Subject& subject,
                         : "was " + near + " meant?" + (isCase ? " Write it without quotes" : "")));
 }
 
+/// A system of one's own is allowed; one that begins as a known name and is near it is misspelt.
+Severity severityOfSystem(const Keyword& material) {
+  const std::string text =
+      material.hasParameter("SYSTEM") ? material.parameterText("SYSTEM") : std::string();
+  const std::string near = nearest(text, materialSystems());
+  return near.empty() || near.front() != text.front() ? Severity::note : Severity::warning;
+}
+
 void checkWords(const Subject& subject) {
   const std::string& name = subject.keyword.name();
   if (name == "MATERIAL") {
@@ -290,12 +298,7 @@ void checkWords(const Subject& subject) {
         subject,
         "SYSTEM",
         materialSystems(),
-        nearest(subject.keyword.hasParameter("SYSTEM") ? subject.keyword.parameterText("SYSTEM")
-                                                       : std::string(),
-                materialSystems())
-                .empty()
-            ? Severity::note
-            : Severity::warning,
+        severityOfSystem(subject.keyword),
         "which is no material system: there are no defaults, and fiber and matrix have no type");
   } else if (name == "ENVIRONMENT") {
     checkWord(subject, "MOISTURE", moistures(), Severity::warning, "which counts as AMBIENT");

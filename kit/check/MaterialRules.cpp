@@ -142,7 +142,7 @@ bool checkFraction(const Spot& spot,
     }
     return true;
   }
-  const bool isPercent = value > 1.0 && value < 100.0;
+  const bool isPercent = value >= 5.0 && value < 100.0;
   report.add(isPercent ? "unit-slip" : "out-of-range",
              Severity::error,
              spot,

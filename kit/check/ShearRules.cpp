@@ -107,7 +107,25 @@ double initialSlope(const Curve& curve) {
   return slope;
 }
 
+/// A point far above the strength has another unit than the others.
+void checkPoints(const Curve& curve, const Spot& spot, Report& report) {
+  constexpr double kFarAbove = 5.0;
+  const bool isFarAbove =
+      curve.strength > 0.0 &&
+      std::any_of(curve.points.begin(), curve.points.end(), [&](const kx::ShearPoint& point) {
+        return std::abs(point.stress) > kFarAbove * curve.strength;
+      });
+  if (isFarAbove) {
+    report.add("shear-curve",
+               Severity::warning,
+               spot,
+               "the shear curve has stresses far above the shear strength of STRENGTHS, " +
+                   shown(curve.strength) + ": check their unit");
+  }
+}
+
 void checkReduction(const Curve& curve, const Spot& spot, Report& report) {
+  checkPoints(curve, spot, report);
   const kx::ShearReduction reduction = kx::reduceShearCurve(curve.points, curve.strength);
   switch (reduction.verdict) {
     case kx::CurveVerdict::belowStrength:

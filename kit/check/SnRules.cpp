@@ -119,6 +119,15 @@ class SnCheck {
               ", so that the test takes for ever "
               "or no time: write it in Hz");
     }
+    constexpr double kFastest = 1000.0;  // coupons heat up far below; ultrasonic tests aside
+    if (test.values[frequency] > kFastest) {
+      add(test,
+          frequency,
+          Severity::warning,
+          "the frequency is " + shown(test.values[frequency]) +
+              " Hz, at which no coupon is tested: check the order stress, life, frequency, angle, "
+              "R");
+    }
     checkRatio(test);
     checkAngle(test);
     checkStress(test);

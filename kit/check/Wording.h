@@ -29,6 +29,9 @@ namespace lamkit {
 /// missing, added or exchanged. Empty when none is that near.
 [[nodiscard]] std::string nearest(std::string_view text, const std::vector<std::string>& names);
 
+/// "A, B, C"
+[[nodiscard]] std::string joined(const std::vector<std::string>& names);
+
 /// "A, B or C"
 [[nodiscard]] std::string listed(const std::vector<std::string>& names);
 
