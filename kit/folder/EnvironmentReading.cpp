@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 
 #include "datafile/Tags.h"
 #include "folder/ConstituentReading.h"
@@ -106,6 +107,16 @@ void readComposite(const TiXmlElement& element, const bool isWoven, EnvironmentD
   environment.shearLaw = readShearLaw(child(element, "prefailNL"));
 }
 
+/// A material of this program has both, whatever it is.
+void requirePhases(const EnvironmentData& environment, const TiXmlElement& element) {
+  try {
+    (void)environment.fiber();
+    (void)environment.matrix();
+  } catch (const std::out_of_range&) {
+    throw Fault(element.Row(), "<environment> has no fiber or no matrix");
+  }
+}
+
 }  // namespace
 
 EnvironmentData readEnvironment(const TiXmlElement& element, const bool isWoven) {
@@ -120,6 +131,7 @@ EnvironmentData readEnvironment(const TiXmlElement& element, const bool isWoven)
   forEach(element, "constituent", [&environment](const TiXmlElement& constituent) {
     environment.constituents.push_back(readFittedConstituent(constituent));
   });
+  requirePhases(environment, element);
   return environment;
 }
 

@@ -24,6 +24,9 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string contentOf(const std::string& path) {
+  if (std::error_code error; !fs::is_regular_file(path, error)) {
+    throw Failure(path, error ? "cannot be read: " + error.message() : "is no file");
+  }
   std::ifstream in(path, std::ios::binary);
   std::string content{std::istreambuf_iterator<char>(in), {}};
   if (!in.is_open() || in.bad()) {
@@ -114,8 +117,8 @@ RunRecord solve(const DeckJob& job,
 
 DeckOutcome runDeck(const DeckJob& job, const SolveSettings& settings) {
   const Places places = placesOf(job, settings);
-  std::string digest = sha256(contentOf(job.deck));
   try {
+    std::string digest = sha256(contentOf(job.deck));
     removeLeftovers(places);
     if (settings.resume) {
       auto record = readRunRecord(places.folder.string());

@@ -96,6 +96,16 @@ TEST(MaterialFolder, OfAnotherProgramIsUnreadable) {
   }
 }
 
+TEST(MaterialFolder, WithoutAFiberIsUnreadable) {
+  const TemporaryFolder folder;
+  std::string content = goldenFile("as4-3501-6", "mdata.xml");
+  const std::size_t start = content.rfind("<constituent");
+  const std::string end = "</constituent>";
+  content.erase(start, content.find(end, start) + end.size() - start);
+  folder.write("mdata.xml", content);
+  EXPECT_EQ(faultOf(folder.path().string()).first, FolderFault::unreadable);
+}
+
 TEST(MaterialFolder, MessagesNameFileLineAndReason) {
   const TemporaryFolder folder;
   std::string content = goldenFile("as4-3501-6", "mdata.xml");

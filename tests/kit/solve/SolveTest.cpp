@@ -179,10 +179,13 @@ TEST(Solve, TakesItsShareOfAList) {
 TEST(Solve, SaysThatADeckIsMissingAndDoesTheOthers) {
   SolvedDecks solved;
   solved.decks.push_back(solved.root.file("gone.qdk"));
+  fs::create_directory(solved.root.path() / "folder.qdk");
+  solved.decks.push_back(solved.root.file("folder.qdk"));
   solved.add("A");
   const ProcessResult result = solved.solve();
   EXPECT_EQ(result.exitCode, 3);
   EXPECT_THAT(result.err, HasSubstr(solved.root.file("gone.qdk") + ": cannot be read"));
+  EXPECT_THAT(result.err, HasSubstr(solved.root.file("folder.qdk") + ": is no file"));
   EXPECT_EQ(namesIn(solved.root.path() / "out"), (std::vector<std::string>{"A"}));
 }
 
