@@ -61,7 +61,7 @@ class DeckWalk {
 
  private:
   void read(const Keyword& keyword) {
-    const std::vector<std::string> names = keywordNames();
+    const std::vector<std::string>& names = keywordNames();
     if (std::find(names.begin(), names.end(), keyword.name()) == names.end()) {
       addUnknown(keyword, names);
       return;

@@ -31,7 +31,7 @@ struct Subject {
 };
 
 bool isKeywordName(const std::string& text) {
-  const std::vector<std::string> names = keywordNames();
+  const std::vector<std::string>& names = keywordNames();
   return std::find(names.begin(), names.end(), text) != names.end();
 }
 

@@ -170,8 +170,10 @@ const std::map<std::string, MakeForm>& forms() {
 
 }  // namespace
 
-std::vector<std::string> keywordNames() {
-  return namesOf(lamcraft::kKeywordRows, [](const auto& row) { return row.name; });
+const std::vector<std::string>& keywordNames() {
+  static const std::vector<std::string> kNames =
+      namesOf(lamcraft::kKeywordRows, [](const auto& row) { return row.name; });
+  return kNames;
 }
 
 KeywordForm formOf(const Keyword& keyword, const bool isWoven) {

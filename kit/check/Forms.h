@@ -27,7 +27,7 @@ struct KeywordForm {
 };
 
 /// The names of the program's keywords, in the order of its table.
-[[nodiscard]] std::vector<std::string> keywordNames();
+[[nodiscard]] const std::vector<std::string>& keywordNames();
 
 /// The form of one of the program's keywords, in a unidirectional or woven composite; the values of
 /// LAMINA, FIBER and MATRIX are those of the program's own symmetry rules.

@@ -57,8 +57,13 @@ NumberText readNumber(const std::string& text) {
 }
 
 bool changesNumber(const std::string& ignored) {
-  return std::any_of(ignored.begin(), ignored.end(), isDigit) &&
-         ignored.find_first_not_of("0123456789.DdEe+-;:'_^*xX ") == std::string::npos;
+  if (std::none_of(ignored.begin(), ignored.end(), isDigit)) {
+    return false;
+  }
+  const auto first = static_cast<unsigned char>(ignored.front());
+  const bool isLetter = (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
+  const bool isExponent = ignored.find_first_not_of("DdEe+-0123456789") == std::string::npos;
+  return !isLetter || isExponent;
 }
 
 bool isFraction(const std::string& text) {

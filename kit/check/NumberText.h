@@ -17,7 +17,7 @@ struct NumberText {
 [[nodiscard]] NumberText readNumber(const std::string& text);
 
 /// Whether what stands behind a number changes it: an exponent with D, a second point, digits after
-/// a separator. Units and words do not.
+/// a separator or an odd character. Units and words do not.
 [[nodiscard]] bool changesNumber(const std::string& ignored);
 
 /// Whether the text is digits alone, with an exponent at most: what a decimal comma leaves behind.

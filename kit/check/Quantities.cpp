@@ -71,7 +71,8 @@ void addSlip(const QuantityGroup& group,
   const std::string many = std::to_string(others) + (others == 1 ? " other" : " others");
   const std::string question = others == 0 ? "was it" : "were it and the " + many + " of its kind";
   const std::string message = isText(quantity) + ", " + usualText(group, quantity) + ": " +
-                              question + " meant in " + std::string(unit.name) + "?";
+                              question + " meant in " + std::string(unit.name) + " (a factor of " +
+                              shown(unit.factor / quantity.factor) + ")?";
   report.add("unit-slip", Severity::error, quantity.spot, message, figuresOf(quantity));
 }
 

@@ -71,6 +71,9 @@ bool isControl(const char character) {
 /// The first odd character of a line, as a finding without its line.
 std::vector<Finding> oddCharacterOf(const std::string_view line, const std::size_t number) {
   for (std::size_t column = 0; column < line.size(); ++column) {
+    if (line[column] >= ' ' && line[column] <= '~') {
+      continue;
+    }
     if (isControl(line[column])) {
       const auto byte = static_cast<unsigned char>(line[column]);
       return {finding(number,
