@@ -59,7 +59,7 @@ double log10Deviation(const kx::BondConstants& constants,
                       const kx::SnRecord& record) {
   const double predicted =
       kx::lnTimeToFailure(constants, {record.stress, record.ratio, set.temperature});
-  return (predicted - std::log(record.cycles / record.frequency)) / std::log(10.0);
+  return (predicted - std::log(record.life / record.frequency)) / std::log(10.0);
 }
 
 /// Root mean square of log10(predicted/measured life).

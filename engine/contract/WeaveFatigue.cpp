@@ -1,8 +1,9 @@
 // The contract's functions for the fatigue of plain weaves.
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
+
+#include <Eigen/Core>
 
 #include "contract/Arguments.h"
 #include "contract/EngineState.h"
@@ -11,17 +12,8 @@
 
 namespace {
 
-constexpr std::int32_t kIntactState = 1;
-
-/// Slots of a decomposition block, 84 doubles each; the stress concentration comes first.
-constexpr std::size_t kSlotLength = 84;
-enum UnitCellSlot : std::size_t { fillSlot, pocketSlot, warpSlot, interfaceSlot };
-enum TowSlot : std::size_t { fiberSlot, matrixSlot };
-
-kx::ConcentrationColumns stressConcentration(const double* block, std::size_t slot) {
-  kx::ConcentrationColumns columns{};
-  std::copy_n(block + kSlotLength * slot, columns.size(), columns.begin());
-  return columns;
+kx::Matrix6 stressConcentration(const double* block, std::size_t slot) {
+  return Eigen::Map<const kx::Matrix6>(block + KX_SLOT_LENGTH * slot + KX_SLOT_STRESS);
 }
 
 std::int32_t stateNumber(const void* record) noexcept {
@@ -57,14 +49,14 @@ void FAT_DCMP_PROPS(const double* /*composite*/,
                     const double* warpBlock,
                     const void* record) {
   if (!kx::areGiven(unitCellBlock, fillBlock, warpBlock) || record == nullptr ||
-      stateNumber(record) != kIntactState) {
+      stateNumber(record) != KX_STATE_INTACT) {
     return;
   }
   kx::guarded({}, [&] {
-    kx::EngineState::instance().noteIntactWeave({stressConcentration(unitCellBlock, fillSlot),
-                                                 stressConcentration(unitCellBlock, warpSlot),
-                                                 stressConcentration(fillBlock, matrixSlot),
-                                                 stressConcentration(warpBlock, matrixSlot)});
+    kx::EngineState::instance().noteIntactWeave({stressConcentration(unitCellBlock, KX_CELL_FILL),
+                                                 stressConcentration(unitCellBlock, KX_CELL_WARP),
+                                                 stressConcentration(fillBlock, KX_TOW_MATRIX),
+                                                 stressConcentration(warpBlock, KX_TOW_MATRIX)});
   });
 }
 

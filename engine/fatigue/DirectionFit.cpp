@@ -35,22 +35,22 @@ constexpr double kWorthwhile = 0.998;  // of the deviation before
 using Unknowns = Eigen::Vector3d;  // e, ln x, k
 enum Unknown { strengthError, lnReducedStrength, amplitudeFactor };
 
-/// The tests relative to the strength, and the weights of everything.
+double lnTime(const LifeTest& test) {
+  return std::log(test.life) - std::log(test.frequency);
+}
+
+/// The tests, and the weights of everything.
 struct Problem {
-  struct Point {
-    double peak;  // over the strength
-    double ratio;
-    double lnCyclesPerAttempt;  // ln(N/f nu0)
-  };
-  std::vector<Point> points;
-  double lnRamp = 0.0;  // ln(nu0 t_ramp)
+  std::vector<LifeTest> tests;  // peaks over the strength
+  double lnAttempts = 0.0;      // ln nu0
+  double lnRamp = 0.0;          // ln(nu0 t_ramp)
   double scatter = 1.0;
   double strengthDeviation = kStrengthDeviation;
   Prior amplitude = kAmplitudeFactor;
   double relaxation = 1.0;
 
   // the solver asks by this name. NOLINTNEXTLINE(readability-identifier-naming)
-  [[nodiscard]] int NumResiduals() const { return static_cast<int>(points.size()) + kPriors; }
+  [[nodiscard]] int NumResiduals() const { return static_cast<int>(tests.size()) + kPriors; }
 
   template <typename T>
   bool operator()(const T* unknowns, T* residuals) const {
@@ -59,9 +59,9 @@ struct Problem {
     const T k = unknowns[amplitudeFactor];
     const T energy = lnRamp + x * (1.0 + unknowns[strengthError]);
     T* residual = residuals;
-    for (const auto& point : points) {
-      const T life = lnReducedLife(energy, T(x * point.peak), point.ratio, k);
-      *residual++ = (life - point.lnCyclesPerAttempt) / scatter;
+    for (const auto& test : tests) {
+      const T life = lnReducedLife(energy, T(x * test.peak), test.ratio, k);
+      *residual++ = (life - (lnTime(test) + lnAttempts)) / scatter;
     }
     *residual++ = unknowns[strengthError] / (strengthDeviation * relaxation);
     *residual++ = (x - kReducedStrength.value) / (kReducedStrength.deviation * relaxation);
@@ -78,33 +78,33 @@ bool isPositive(const double value) noexcept {
 
 /// Root mean square of ln(predicted/measured).
 double deviationOf(const Problem& problem, const Unknowns& unknowns) {
-  if (problem.points.empty()) {
+  if (problem.tests.empty()) {
     return 0.0;
   }
-  std::vector<double> residuals(problem.points.size() + kPriors);
+  std::vector<double> residuals(problem.tests.size() + kPriors);
   problem(unknowns.data(), residuals.data());
   double sum = 0.0;
-  for (std::size_t i = 0; i < problem.points.size(); ++i) {
+  for (std::size_t i = 0; i < problem.tests.size(); ++i) {
     sum += residuals[i] * residuals[i];
   }
-  return problem.scatter * std::sqrt(sum / static_cast<double>(problem.points.size()));
+  return problem.scatter * std::sqrt(sum / static_cast<double>(problem.tests.size()));
 }
 
 /// Sum of the squared deviations of a straight line through (stress, ln time).
-double lineResidual(const std::vector<Problem::Point>& points) {
-  const auto count = static_cast<double>(points.size());
+double lineResidual(const std::vector<LifeTest>& tests) {
+  const auto count = static_cast<double>(tests.size());
   double meanPeak = 0.0;
   double meanLife = 0.0;
-  for (const auto& point : points) {
-    meanPeak += point.peak / count;
-    meanLife += point.lnCyclesPerAttempt / count;
+  for (const auto& test : tests) {
+    meanPeak += test.peak / count;
+    meanLife += lnTime(test) / count;
   }
   double peaks = 0.0;
   double both = 0.0;
   double lives = 0.0;
-  for (const auto& point : points) {
-    const double peak = point.peak - meanPeak;
-    const double life = point.lnCyclesPerAttempt - meanLife;
+  for (const auto& test : tests) {
+    const double peak = test.peak - meanPeak;
+    const double life = lnTime(test) - meanLife;
     peaks += peak * peak;
     both += peak * life;
     lives += life * life;
@@ -112,38 +112,33 @@ double lineResidual(const std::vector<Problem::Point>& points) {
   return std::max(0.0, peaks > 0.0 ? lives - both * both / peaks : lives);
 }
 
-/// An even selection over the points' stresses, whatever the order of the records.
-std::vector<Problem::Point> thinned(std::vector<Problem::Point> points) {
-  const std::size_t count = points.size();
+/// An even selection over the tests' stresses, whatever the order of the records.
+std::vector<LifeTest> thinned(std::vector<LifeTest> tests) {
+  const std::size_t count = tests.size();
   if (count <= kMostTests) {
-    return points;
+    return tests;
   }
-  std::sort(points.begin(), points.end(), [](const Problem::Point& a, const Problem::Point& b) {
-    return std::tie(a.peak, a.ratio, a.lnCyclesPerAttempt) <
-           std::tie(b.peak, b.ratio, b.lnCyclesPerAttempt);
+  std::sort(tests.begin(), tests.end(), [](const LifeTest& a, const LifeTest& b) {
+    return std::tuple(a.peak, a.ratio, lnTime(a)) < std::tuple(b.peak, b.ratio, lnTime(b));
   });
   for (std::size_t i = 0; i < kMostTests; ++i) {
-    points[i] = points[i * (count - 1) / (kMostTests - 1)];
+    tests[i] = tests[i * (count - 1) / (kMostTests - 1)];
   }
-  points.resize(kMostTests);
-  return points;
+  tests.resize(kMostTests);
+  return tests;
 }
 
-std::vector<Problem::Point> pointsOf(const DirectionData& data,
-                                     const double strength,
-                                     const double nu0) {
-  std::vector<Problem::Point> points;
-  points.reserve(data.tests.size());
-  for (const auto& test : data.tests) {
-    const Problem::Point point{test.peak / strength,
-                               test.ratio,
-                               std::log(test.cycles) - std::log(test.frequency) + std::log(nu0)};
-    if (isPositive(point.peak) && std::isfinite(point.lnCyclesPerAttempt) &&
-        std::abs(point.ratio) <= 1.0) {
-      points.push_back(point);
+/// Those that are numbers, with peaks over the strength.
+std::vector<LifeTest> usableTests(const DirectionData& data, const double strength) {
+  std::vector<LifeTest> tests;
+  tests.reserve(data.tests.size());
+  for (LifeTest test : data.tests) {
+    test.peak /= strength;
+    if (isPositive(test.peak) && std::isfinite(lnTime(test)) && std::abs(test.ratio) <= 1.0) {
+      tests.push_back(test);
     }
   }
-  return thinned(std::move(points));
+  return thinned(std::move(tests));
 }
 
 int minimise(const Problem& problem, Unknowns& unknowns) {
@@ -225,17 +220,17 @@ double referenceStrength(const DirectionData& data) noexcept {
 Problem problemOf(const DirectionData& data, const double strength, const double temperature) {
   const double nu0 = attemptFrequency(temperature);
   Problem problem;
-  problem.points = pointsOf(data, strength, nu0);
+  problem.tests = usableTests(data, strength);
+  problem.lnAttempts = std::log(nu0);
   problem.lnRamp = std::log(nu0 * kRampTime);
   if (!isPositive(data.strength)) {
     problem.strengthDeviation = kUnknownStrengthDeviation;
   }
-  if (problem.points.size() < kFewTests) {
+  if (problem.tests.size() < kFewTests) {
     problem.amplitude.deviation = kFixed;
   } else {
-    const auto count = static_cast<double>(problem.points.size());
-    problem.scatter =
-        std::min(1.0, std::sqrt((lineResidual(problem.points) + 1.0) / (count - 1.0)));
+    const auto count = static_cast<double>(problem.tests.size());
+    problem.scatter = std::min(1.0, std::sqrt((lineResidual(problem.tests) + 1.0) / (count - 1.0)));
   }
   return problem;
 }
@@ -251,11 +246,11 @@ bool isFinite(const DirectionFit& fit) noexcept {
 
 /// Loosens the priors while they hold the tests back; returns the iterations spent.
 int relax(Problem& problem, Unknowns& unknowns) {
-  const auto count = problem.points.size();
+  const auto count = problem.tests.size();
   if (count <= kFewTests) {
     return 0;
   }
-  const double line = std::sqrt(lineResidual(problem.points) / static_cast<double>(count));
+  const double line = std::sqrt(lineResidual(problem.tests) / static_cast<double>(count));
   double deviation = deviationOf(problem, unknowns);
   int iterations = 0;
   for (int step = 0; step < kRelaxations && deviation > kTolerableScatter * line; ++step) {
@@ -286,7 +281,7 @@ DirectionFit fitDirection(const DirectionData& data, const double temperature) {
   Problem problem = problemOf(data, strength, temperature);
   Unknowns unknowns(0.0, std::log(kReducedStrength.value), kAmplitudeFactor.value);
   const double initial = deviationOf(problem, unknowns);
-  fit.tests = problem.points.size();
+  fit.tests = problem.tests.size();
   fit.iterations = solve(problem, unknowns) + relax(problem, unknowns);
   const double thermal = kGasConstant * temperature;
   const auto constants = fittedConstants(unknowns.data(), problem, thermal, matrixStrength);

@@ -12,7 +12,7 @@ namespace kx {
 struct LifeTest {
   double peak = 0.0;       ///< driving stress of the composite at the peak [Pa], > 0
   double ratio = 0.0;      ///< other extreme over the peak, in [-1, 1]
-  double cycles = 0.0;     ///< to failure, > 0
+  double life = 0.0;       ///< cycles to failure, > 0
   double frequency = 0.0;  ///< [Hz], > 0
 };
 
@@ -27,7 +27,7 @@ struct DirectionData {
 struct DirectionFit {
   BondConstants constants;       ///< all zeros when nothing could be fitted
   BondConstants standardErrors;  ///< one standard deviation; 0 for what is not fitted
-  double initialError = 0.0;     ///< rms of log10(predicted/measured cycles), prior constants
+  double initialError = 0.0;     ///< rms of log10(predicted/measured life), prior constants
   double finalError = 0.0;       ///< the same for the fitted constants
   int iterations = 0;
   std::size_t tests = 0;  ///< that were fitted
@@ -38,7 +38,7 @@ struct DirectionFit {
 /// Fits Ub, gb and k to tests and static strength by least squares.
 ///
 /// Unknowns: x = gb S/(R T), the deviation e of rampStrength() from S (so Ub/(R T) =
-/// ln(nu0 t_ramp) + x (1 + e)), and k >= 0. Residuals: ln(predicted/measured cycles) over the
+/// ln(nu0 t_ramp) + x (1 + e)), and k >= 0. Residuals: ln(predicted/measured life) over the
 /// scatter of the tests, and three priors, which are all there is without tests:
 /// e = 0 +- 0.05, x = 18 +- 8, k = 0.7 +- 0.5 (fixed below three tests). The scatter is that of a
 /// straight line through the tests (ln time against stress), pooled with one test's worth of a

@@ -14,7 +14,7 @@ bool isPositive(const double value) noexcept {
 }
 
 bool isUsable(const SnRecord& record) noexcept {
-  return std::isfinite(record.stress) && record.stress != 0.0 && isPositive(record.cycles) &&
+  return std::isfinite(record.stress) && record.stress != 0.0 && isPositive(record.life) &&
          std::isfinite(record.ratio) && std::isfinite(record.angle);
 }
 
@@ -22,8 +22,16 @@ bool isCompressive(const SnRecord& record) noexcept {
   return std::abs(record.ratio) > 1.0 || (record.stress < 0.0 && record.ratio > -1.0);
 }
 
-double strengthOf(const SensedStrength& strength, const bool compressive) noexcept {
-  return compressive ? strength.compression : strength.tension;
+/// Tests of one sense, as fractions of their own strength where both strengths are given.
+void append(std::vector<LifeTest> tests,
+            const double own,
+            const double reference,
+            std::vector<LifeTest>& all) {
+  const double scale = isPositive(own) && isPositive(reference) ? reference / own : 1.0;
+  for (LifeTest& test : tests) {
+    test.peak *= scale;
+    all.push_back(test);
+  }
 }
 
 }  // namespace
@@ -44,15 +52,14 @@ void DirectionalTests::add(const SnRecord& record, const double normal, const do
   if (!isUsable(record)) {
     return;
   }
-  SensedTest entry;
-  entry.isCompressive = isCompressive(record);
-  const double strength = strengthOf(normal_, entry.isCompressive);
+  const bool pushes = isCompressive(record);
+  const double strength = pushes ? normal_.compression : normal_.tension;
   const double weight = isPositive(strength) && isPositive(shear_) ? strength / shear_ : 1.0;
-  entry.test.peak = std::abs(record.stress) * std::hypot(normal, weight * shear);
-  entry.test.ratio = std::abs(record.ratio) > 1.0 ? 1.0 / record.ratio : record.ratio;
-  entry.test.cycles = record.cycles;
-  entry.test.frequency = isPositive(record.frequency) ? record.frequency : 1.0;
-  tests_.push_back(entry);
+  (pushes ? pushed_ : pulled_)
+      .push_back({std::abs(record.stress) * std::hypot(normal, weight * shear),
+                  std::abs(record.ratio) > 1.0 ? 1.0 / record.ratio : record.ratio,
+                  record.life,
+                  isPositive(record.frequency) ? record.frequency : 1.0});
 }
 
 void DirectionalTests::addAxial(const SnRecord& record) {
@@ -64,22 +71,12 @@ void DirectionalTests::addOblique(const SnRecord& record, const double normal, c
 }
 
 DirectionData DirectionalTests::data(const double concentration) const {
-  const bool pushesOnly =
-      !tests_.empty() && std::all_of(tests_.begin(), tests_.end(), [](const SensedTest& entry) {
-        return entry.isCompressive;
-      });
+  const bool pushesOnly = pulled_.empty() && !pushed_.empty();
   DirectionData data;
-  data.strength = strengthOf(normal_, pushesOnly);
+  data.strength = pushesOnly ? normal_.compression : normal_.tension;
   data.concentration = concentration;
-  data.tests.reserve(tests_.size());
-  for (const auto& entry : tests_) {
-    const double own = strengthOf(normal_, entry.isCompressive);
-    LifeTest test = entry.test;
-    if (isPositive(own) && isPositive(data.strength)) {
-      test.peak *= data.strength / own;
-    }
-    data.tests.push_back(test);
-  }
+  append(pulled_, normal_.tension, data.strength, data.tests);
+  append(pushed_, normal_.compression, data.strength, data.tests);
   return data;
 }
 

@@ -10,7 +10,7 @@ namespace kx {
 /// One record of a measured S-N curve; the order of the members is that of the C contract.
 struct SnRecord {
   double stress = 0.0;     ///< of the largest magnitude [Pa]
-  double cycles = 0.0;     ///< to failure
+  double life = 0.0;       ///< cycles to failure
   double frequency = 0.0;  ///< [Hz]; <= 0: the life is a time in seconds
   double angle = 0.0;      ///< of the load to the fiber or fill [degree]
   double ratio = 0.0;      ///< smallest over largest stress; |ratio| > 1: compression governs
@@ -57,15 +57,12 @@ class DirectionalTests {
   [[nodiscard]] DirectionData data(double concentration) const;
 
  private:
-  struct SensedTest {
-    LifeTest test;
-    bool isCompressive = false;
-  };
   void add(const SnRecord& record, double normal, double shear);
 
   SensedStrength normal_;
   double shear_;
-  std::vector<SensedTest> tests_;
+  std::vector<LifeTest> pulled_;
+  std::vector<LifeTest> pushed_;
 };
 
 }  // namespace kx

@@ -1,42 +1,15 @@
 #include "fatigue/PlainWeaveFatigue.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace kx {
 namespace {
 
-constexpr std::size_t kComponents = 6;
-enum Component : std::size_t { c11, c22, c33, c12, c13, c23 };
-using Stress = std::array<double, kComponents>;
-
-double entry(const ConcentrationColumns& matrix,
-             const std::size_t row,
-             const std::size_t column) noexcept {
-  return matrix[kComponents * column + row];
-}
-
-Stress column(const ConcentrationColumns& matrix, const std::size_t index) noexcept {
-  Stress stress{};
-  for (std::size_t row = 0; row < kComponents; ++row) {
-    stress[row] = entry(matrix, row, index);
-  }
-  return stress;
-}
-
-double component(const ConcentrationColumns& matrix,
-                 const std::size_t row,
-                 const Stress& stress) noexcept {
-  double sum = 0.0;
-  for (std::size_t index = 0; index < kComponents; ++index) {
-    sum += entry(matrix, row, index) * stress[index];
-  }
-  return sum;
-}
-
 /// Tow axis 1 along composite axis 2, tow axis 2 against composite axis 1.
-Stress inWarpAxes(const Stress& s) noexcept {
-  return {s[c22], s[c11], s[c33], -s[c12], s[c23], -s[c13]};
+Vector6 inWarpAxes(const Vector6& s) {
+  Vector6 turned;
+  turned << s(k22), s(k11), s(k33), -s(k12), s(k23), -s(k13);
+  return turned;
 }
 
 SensedStrength kneeOrUltimate(const WeaveStrengths& strengths) noexcept {
@@ -49,13 +22,12 @@ SensedStrength kneeOrUltimate(const WeaveStrengths& strengths) noexcept {
 
 }  // namespace
 
-TowMatrixStress towMatrixStress(const WeaveDecomposition& weave) noexcept {
-  const Stress fillUnderFill = column(weave.fill, c11);
-  const Stress warpUnderFill = inWarpAxes(column(weave.warp, c11));
-  const Stress warpUnderWarp = inWarpAxes(column(weave.warp, c22));
-  return {component(weave.fillMatrix, c11, fillUnderFill),
-          component(weave.warpMatrix, c11, warpUnderWarp),
-          component(weave.warpMatrix, c22, warpUnderFill)};
+TowMatrixStress towMatrixStress(const WeaveDecomposition& weave) {
+  const Vector6 warpUnderFill = inWarpAxes(weave.warp.col(k11));
+  const Vector6 warpUnderWarp = inWarpAxes(weave.warp.col(k22));
+  return {weave.fillMatrix.row(k11).dot(weave.fill.col(k11)),
+          weave.warpMatrix.row(k11).dot(warpUnderWarp),
+          weave.warpMatrix.row(k22).dot(warpUnderFill)};
 }
 
 FatigueFit fitPlainWeaveFatigue(const std::vector<SnRecord>& records,

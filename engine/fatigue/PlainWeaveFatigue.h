@@ -1,9 +1,9 @@
 #ifndef KX_FATIGUE_PLAINWEAVEFATIGUE_H
 #define KX_FATIGUE_PLAINWEAVEFATIGUE_H
 
-#include <array>
 #include <vector>
 
+#include "elastic/Voigt.h"
 #include "fatigue/UnidirectionalFatigue.h"
 
 namespace kx {
@@ -17,17 +17,13 @@ struct WeaveStrengths {
   double ultimateShear = 0.0;
 };
 
-/// A stress concentration as the records of damage states hold it: 36 numbers column by column,
-/// components 11 22 33 12 13 23.
-using ConcentrationColumns = std::array<double, 36>;
-
 /// Stress concentrations of an intact plain weave: mean tow stress per overall stress (composite
 /// axes), and mean matrix stress per tow stress (tow axes).
 struct WeaveDecomposition {
-  ConcentrationColumns fill{};
-  ConcentrationColumns warp{};
-  ConcentrationColumns fillMatrix{};
-  ConcentrationColumns warpMatrix{};
+  Matrix6 fill = Matrix6::Zero();
+  Matrix6 warp = Matrix6::Zero();
+  Matrix6 fillMatrix = Matrix6::Zero();
+  Matrix6 warpMatrix = Matrix6::Zero();
 };
 
 /// Matrix stress in a tow under a unit overall stress, in the tow's axes.
@@ -38,7 +34,7 @@ struct TowMatrixStress {
 };
 
 /// The chain composite -> tow -> matrix; the warp's tow axes are turned by 90 degrees about 3.
-TowMatrixStress towMatrixStress(const WeaveDecomposition& weave) noexcept;
+TowMatrixStress towMatrixStress(const WeaveDecomposition& weave);
 
 /// Fits the bond constants of the matrix of a plain weave.
 ///

@@ -105,7 +105,7 @@ Json JsonValues::snRecord(const SnRecord& record) const {
           {"life", record.life},
           {"frequency", record.frequency},
           {"ratio", record.ratio},
-          {"angle", record.theta}};
+          {"angle", record.angle}};
 }
 
 Json JsonValues::shearLaw(const ShearLaw& law) const {

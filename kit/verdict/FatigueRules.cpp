@@ -24,7 +24,7 @@ constexpr double kScatterFactor = 2.0;
 
 /// Loads within a degree of the fibers are along them, as the engine takes them.
 bool isAlong(const SnRecord& test) {
-  return std::abs(test.theta) < 1.0;
+  return std::abs(test.angle) < 1.0;
 }
 
 /// Sums for a line through points.
@@ -57,7 +57,7 @@ std::optional<double> straightLineScatter(const std::vector<SnRecord>& tests) {
     scale = std::max(scale, std::abs(test.stress));
   }
   for (const SnRecord& test : tests) {
-    groups[{test.theta, test.ratio}].add(test.stress / scale, std::log10(std::abs(test.life)));
+    groups[{test.angle, test.ratio}].add(test.stress / scale, std::log10(std::abs(test.life)));
   }
   double sum = 0.0;
   double count = 0.0;

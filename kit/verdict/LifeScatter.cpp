@@ -41,11 +41,11 @@ Directions directionsOf(const EnvironmentData& environment, const double fiberFr
   kx::DirectionalTests across(
       {strengthOf(environment, UniStrength::t2), strengthOf(environment, UniStrength::c2)}, shear);
   for (const SnRecord& test : environment.snRecords) {
-    const kx::SnRecord record{test.stress, test.life, test.frequency, test.theta, test.ratio};
-    if (kx::loadAxis(test.theta) == kx::LoadAxis::along) {
+    const kx::SnRecord record{test.stress, test.life, test.frequency, test.angle, test.ratio};
+    if (kx::loadAxis(test.angle) == kx::LoadAxis::along) {
       along.addAxial(record);
     } else {
-      const auto load = kx::loadDirection(test.theta);
+      const auto load = kx::loadDirection(test.angle);
       across.addOblique(record, load.sine * load.sine, load.sine * load.cosine);
     }
   }
@@ -62,7 +62,7 @@ void addSquares(const kx::DirectionData& direction,
     const double seconds = kx::lnTimeToFailure(
         constants, {test.peak * direction.concentration, test.ratio, temperature});
     const double decades =
-        (seconds + std::log(test.frequency) - std::log(test.cycles)) / std::log(10.0);
+        (seconds + std::log(test.frequency) - std::log(test.life)) / std::log(10.0);
     if (std::isfinite(decades)) {
       sum += decades * decades;
       ++count;

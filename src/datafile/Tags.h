@@ -49,7 +49,7 @@ inline constexpr std::array<SnTag, 5> kSnTags{{
     {"life", &SnRecord::life},
     {"f", &SnRecord::frequency},
     {"R", &SnRecord::ratio},
-    {"theta", &SnRecord::theta},
+    {"theta", &SnRecord::angle},
 }};
 
 /// The attributes of the nonlinear shear law, in the order of PrefailConstants.

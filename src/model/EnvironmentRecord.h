@@ -42,7 +42,7 @@ struct SnRecord {
   double stress;
   double life;
   double frequency;
-  double theta;
+  double angle;
   double ratio;
 };
 static_assert(sizeof(SnRecord) == 5 * sizeof(double), "the library reads records of five doubles");

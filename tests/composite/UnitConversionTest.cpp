@@ -99,7 +99,7 @@ TEST_P(UnitSystems, ScaleOnlyTheStressOfTestRecords) {
   EXPECT_DOUBLE_EQ(record.stress, stress);
   EXPECT_EQ(record.life, 1.0);
   EXPECT_EQ(record.frequency, 1.0);
-  EXPECT_EQ(record.theta, 1.0);
+  EXPECT_EQ(record.angle, 1.0);
   EXPECT_EQ(record.ratio, 1.0);
   EXPECT_DOUBLE_EQ(environment.shearStress[1], stress);
   EXPECT_EQ(environment.shearStrain[1], 1.0);

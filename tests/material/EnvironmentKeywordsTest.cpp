@@ -182,7 +182,7 @@ TEST(SnData, LeavesOutLinesOfLessThanOneCycle) {
   EXPECT_EQ(records[0].stress, 600.0);
   EXPECT_EQ(records[0].life, 1e3);
   EXPECT_EQ(records[0].frequency, 10.0);
-  EXPECT_EQ(records[0].theta, 0.0);
+  EXPECT_EQ(records[0].angle, 0.0);
   EXPECT_EQ(records[0].ratio, 0.1);
   EXPECT_EQ(records[1].life, -2.0);
   EXPECT_EQ(records[2].stress, 200.0);

@@ -76,7 +76,7 @@ TEST(EnvironmentRecord, HoldsRowsAndTestsWithoutGaps) {
   environment.snRecords = {{1.0, 2.0, 3.0, 4.0, 5.0}, {6.0, 7.0, 8.0, 9.0, 10.0}};
   const double* const flat = &environment.snRecords.front().stress;
   EXPECT_EQ(flat + 5, &environment.snRecords[1].stress);
-  EXPECT_EQ(flat + 3, &environment.snRecords[0].theta);
+  EXPECT_EQ(flat + 3, &environment.snRecords[0].angle);
   EXPECT_EQ(flat + 4, &environment.snRecords[0].ratio);
 }
 

@@ -58,11 +58,11 @@ TEST(EngineState, NotedWeaveIsTakenOnceAtMost) {
   kx::EngineState state;
   EXPECT_FALSE(state.takeIntactWeave().has_value());
   kx::WeaveDecomposition weave;
-  weave.fill[0] = 7.0;
+  weave.fill(0, 0) = 7.0;
   state.noteIntactWeave(weave);
   const auto taken = state.takeIntactWeave();
   ASSERT_TRUE(taken.has_value());
-  EXPECT_EQ(taken->fill[0], 7.0);
+  EXPECT_EQ(taken->fill(0, 0), 7.0);
   EXPECT_FALSE(state.takeIntactWeave().has_value());
   state.noteIntactWeave(weave);
   state.dropIntactWeave();

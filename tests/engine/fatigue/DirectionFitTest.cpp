@@ -28,9 +28,8 @@ kx::DirectionData exactData(const kx::BondConstants& law, const std::vector<doub
   for (const double ratio : ratios) {
     for (const double level : {0.8, 0.65, 0.5, 0.4}) {
       kx::LifeTest test{level * data.strength, ratio, 0.0, 5.0};
-      test.cycles =
-          test.frequency *
-          std::exp(kx::lnTimeToFailure(law, {test.peak * data.concentration, ratio, kTemperature}));
+      test.life = test.frequency * std::exp(kx::lnTimeToFailure(
+                                       law, {test.peak * data.concentration, ratio, kTemperature}));
       data.tests.push_back(test);
     }
   }
@@ -101,7 +100,7 @@ double priorWeight(const kx::DirectionFit& fit, const kx::DirectionData& data, d
   for (const auto& test : data.tests) {
     const double life = kx::lnTimeToFailure(
         fit.constants, {test.peak * data.concentration, test.ratio, kTemperature});
-    pull += x * (life - std::log(test.cycles / test.frequency));
+    pull += x * (life - std::log(test.life / test.frequency));
   }
   return -pull / e;
 }
@@ -150,7 +149,7 @@ TEST(DirectionFit, ScatterLeavesTheConstantsWithinTheirStandardErrors) {
       for (int i = 0; i < 12; ++i) {
         normal += static_cast<double>(random()) / 4294967296.0;
       }
-      test.cycles *= std::exp(normal);
+      test.life *= std::exp(normal);
     }
     const auto fit = kx::fitDirection(data, kTemperature);
     within += std::abs(fit.constants.breakingEnergy - law.breakingEnergy) <
@@ -180,7 +179,7 @@ TEST(DirectionFit, WhatCannotBeFittedGivesZeros) {
 TEST(DirectionFit, NoBondHasANegativeEnergy) {
   auto data = exactData(constantsOf(120e3, 4.5e-4, 0.5), {0.1});
   for (auto& test : data.tests) {
-    test.cycles = 1e-300;  // outlives no attempt of a bond, let alone a load
+    test.life = 1e-300;  // outlives no attempt of a bond, let alone a load
   }
   const auto fit = kx::fitDirection(data, kTemperature);
   EXPECT_FALSE(fit.isFitted());
@@ -227,14 +226,14 @@ TEST(DirectionFit, ThinnedTestsSpanAllStresses) {
   auto data = exactData(constantsOf(125e3, 4.5e-4, 0.6), {0.1});
   auto high = data.tests.front();
   const auto low = data.tests.back();
-  high.cycles *= 30.0;  // off the law: only tests at this stress can tell
+  high.life *= 30.0;  // off the law: only tests at this stress can tell
   data.tests.assign(300, low);
   data.tests.insert(data.tests.end(), 300, high);
   const auto fit = kx::fitDirection(data, kTemperature);
   EXPECT_EQ(fit.tests, 256U);
   const double predicted = kx::lnTimeToFailure(
       fit.constants, {high.peak * data.concentration, high.ratio, kTemperature});
-  EXPECT_NEAR(predicted, std::log(high.cycles / high.frequency), std::log(3.0));
+  EXPECT_NEAR(predicted, std::log(high.life / high.frequency), std::log(3.0));
 }
 
 TEST(DirectionFit, OrderOfManyTestsDoesNotMatter) {
@@ -243,7 +242,7 @@ TEST(DirectionFit, OrderOfManyTestsDoesNotMatter) {
   const auto exact = data.tests;
   while (data.tests.size() < 1000) {
     auto test = exact[random() % exact.size()];
-    test.cycles *= 0.25 + static_cast<double>(random() % 1000) / 250.0;
+    test.life *= 0.25 + static_cast<double>(random() % 1000) / 250.0;
     data.tests.push_back(test);
   }
   const auto fit = kx::fitDirection(data, kTemperature);

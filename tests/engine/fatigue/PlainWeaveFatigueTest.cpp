@@ -10,24 +10,18 @@ namespace {
 constexpr double kTemperature = 296.15;
 constexpr kx::WeaveStrengths kGlassFabric{{180e6, 170e6}, {400e6, 380e6}, 45e6, 90e6};
 
-enum Component : std::size_t { c11, c22, c33, c12, c13, c23 };
-
-void set(kx::ConcentrationColumns& matrix, std::size_t row, std::size_t column, double value) {
-  matrix[6 * column + row] = value;
-}
-
 /// Fill and warp carry the load along them; the matrix in a tow has 0.1 of its axial and 0.8 of its
 /// transverse stress.
 kx::WeaveDecomposition decomposition() {
   kx::WeaveDecomposition weave;
-  set(weave.fill, c11, c11, 1.6);
-  set(weave.fill, c22, c11, 0.02);
-  set(weave.warp, c11, c11, 0.6);
-  set(weave.warp, c22, c22, 1.5);
+  weave.fill(kx::k11, kx::k11) = 1.6;
+  weave.fill(kx::k22, kx::k11) = 0.02;
+  weave.warp(kx::k11, kx::k11) = 0.6;
+  weave.warp(kx::k22, kx::k22) = 1.5;
   for (auto* matrix : {&weave.fillMatrix, &weave.warpMatrix}) {
-    set(*matrix, c11, c11, 0.1);
-    set(*matrix, c22, c22, 0.8);
-    set(*matrix, c11, c22, 0.05);
+    (*matrix)(kx::k11, kx::k11) = 0.1;
+    (*matrix)(kx::k22, kx::k22) = 0.8;
+    (*matrix)(kx::k11, kx::k22) = 0.05;
   }
   return weave;
 }
@@ -78,8 +72,8 @@ TEST(PlainWeaveFatigue, KneeStrengthAnchorsTheTransverseDirection) {
 
 TEST(PlainWeaveFatigue, BalancedWeaveLivesAlikeAlongFillAndWarp) {
   auto weave = decomposition();
-  set(weave.warp, c22, c22, 1.6);
-  set(weave.warp, c11, c22, 0.02);
+  weave.warp(kx::k22, kx::k22) = 1.6;
+  weave.warp(kx::k11, kx::k22) = 0.02;
   const auto fill = kx::fitPlainWeaveFatigue(trend(0.0), kTemperature, kGlassFabric, weave);
   const auto warp = kx::fitPlainWeaveFatigue(trend(90.0), kTemperature, kGlassFabric, weave);
   EXPECT_NEAR(

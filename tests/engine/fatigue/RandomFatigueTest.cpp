@@ -65,7 +65,7 @@ TEST(RandomFatigue, FitsOfALaminaAreFiniteAtAnyAngle) {
     for (int i = 0; i < 1 + trial % 10; ++i) {
       SnRecord record;
       record.stress = random.uniform(0.2, 1.0) * transverse * (i % 2 == 0 ? 1.0 : -1.0);
-      record.cycles = random.logUniform(1.0, 1e8);
+      record.life = random.logUniform(1.0, 1e8);
       record.frequency = random.logUniform(0.1, 50.0);
       record.angle = random.uniform(-180.0, 180.0);
       record.ratio = random.uniform(-1.0, 1.0);

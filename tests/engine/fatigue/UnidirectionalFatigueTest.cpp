@@ -111,7 +111,7 @@ double predictionScatter(const SnSet& set, const kx::FatigueFit& fit) {
                              pushes ? 1.0 / record.ratio : record.ratio,
                              set.temperature});
     const double deviation =
-        lnTime / std::log(10.0) + std::log10(frequencyOf(record)) - std::log10(record.cycles);
+        lnTime / std::log(10.0) + std::log10(frequencyOf(record)) - std::log10(record.life);
     sum += deviation * deviation;
   }
   return std::sqrt(sum / static_cast<double>(set.records.size()));
@@ -126,8 +126,8 @@ Lines linesOf(const SnSet& set) {
   for (const auto& record : set.records) {
     stress.push_back(std::abs(record.stress) / 1e6);
     logStress.push_back(std::log(stress.back()));
-    cycles.push_back(std::log10(record.cycles));
-    time.push_back(std::log10(record.cycles / frequencyOf(record)));
+    cycles.push_back(std::log10(record.life));
+    time.push_back(std::log10(record.life / frequencyOf(record)));
   }
   return {lineScatter(stress, cycles),
           lineScatter(stress, time),

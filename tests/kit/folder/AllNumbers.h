@@ -92,7 +92,7 @@ class AllNumbers {
   }
 
   void add(const SnRecord& record) {
-    add({record.stress, record.life, record.frequency, record.theta, record.ratio});
+    add({record.stress, record.life, record.frequency, record.angle, record.ratio});
   }
 
   void add(const LaminateEntry& entry) { addPlain(entry.coefficients); }

@@ -164,7 +164,7 @@ TEST(MaterialData, HoldsWhatTheWriterWasGiven) {
   EXPECT_EQ(lamcraft::numbersOf(read.fiber()[3]),
             lamcraft::numbersOf(environment.fiber.variables()[3]));
   EXPECT_EQ(read.snRecords.front().frequency, 3.0);
-  EXPECT_EQ(read.snRecords.front().theta, 4.0);
+  EXPECT_EQ(read.snRecords.front().angle, 4.0);
   EXPECT_EQ(read.snRecords.front().ratio, 5.0);
   EXPECT_EQ((*read.fracture)[5].value(), 6.0);
   EXPECT_EQ(read.shearLaw->constants.m, -1.0);
