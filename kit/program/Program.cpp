@@ -7,6 +7,7 @@
 #include "card/CardCommand.h"
 #include "check/CheckCommand.h"
 #include "command/Context.h"
+#include "report/ReportCommand.h"
 #include "solve/SolveCommand.h"
 #include "table/TableCommand.h"
 #include "verdict/VerdictCommand.h"
@@ -19,7 +20,8 @@ using AddCommand = void (*)(CLI::App& program, Context& context);
 
 /// Every subcommand, in the order of the help. Each adds itself to the program, with a callback
 /// that does its work in the context.
-constexpr std::array<AddCommand, 5> kCommands{addCheck, addVerdict, addSolve, addTable, addCard};
+constexpr std::array<AddCommand, 6> kCommands{
+    addCheck, addVerdict, addSolve, addTable, addReport, addCard};
 
 /// What the command line lacks, or the help or the version that it asks for.
 ExitCode answer(const CLI::App& program, const CLI::ParseError& error, Context& context) {
