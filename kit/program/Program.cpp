@@ -37,6 +37,7 @@ ExitCode run(const int count, const char* const* arguments, std::ostream& out, s
                    "lamkit");
   program.set_version_flag("--version", "lamkit " LAMKIT_VERSION);
   program.require_subcommand(1);
+  program.allow_windows_style_options(false);  // "/a/b" is a path
   for (const AddCommand add : kCommands) {
     add(program, context);
   }
