@@ -24,8 +24,8 @@ class InputFile {
 
   /// Reads the deck at `path` in place of what was read before; the cursor then stands before the
   /// first block. Raises std::runtime_error ("Could not open file " path), and then changes
-  /// nothing, when the file cannot be opened or cannot be read to an end, such as a folder or a
-  /// FIFO that nobody writes.
+  /// nothing, when the file cannot be opened, cannot be read, as a folder, or may never come to an
+  /// end, as a FIFO of the file system.
   void read(const std::string& path);
 
   /// Puts the cursor before the first block.
