@@ -106,11 +106,11 @@ void PREFAIL(const double* fiberVolumeFraction,
     *failed = 1;
     const auto reduction =
         kx::reduceShearCurve(kx::shearPointsFrom(stress, strain, pointCount), *shearStrength);
-    kx::copyTo(reduction, m, b, thr, failed, code);
     const auto degradation = kx::unidirectionalMatrixDegradation(*fiberVolumeFraction,
                                                                  kx::propertiesFrom(fiber).g12,
                                                                  kx::propertiesFrom(matrix).g12,
                                                                  reduction.lowestDegradation);
     std::copy(degradation.begin(), degradation.end(), c2mdeg);
+    kx::copyTo(reduction, m, b, thr, failed, code);  // last: an exception is a failure
   });
 }

@@ -68,8 +68,8 @@ PrefailOutcome reduceWeaveShear(const WeaveGeometry& weave,
                                 const std::string& folder,
                                 EnvironmentRecord& environment);
 
-/// Fills one damage-state record and its property objects. snCount: the number of S-N records for
-/// a state of the fatigue list, 0 for one of the ordinary list.
+/// Fills one damage-state record. snCount: the number of S-N records for a state of the fatigue
+/// list, 0 for one of the ordinary list.
 void computeDamageState(const WeaveGeometry& weave,
                         const std::string& folder,
                         const EnvironmentRecord& environment,

@@ -72,7 +72,10 @@ void SatinWeave::printTitle() const {
   if (isPlain()) {
     out.message(console::kSolvingPlainWeave).endLine();
   } else {
-    out.message(console::kSolving).number(harness_).message(console::kHarnessSatinWeave).endLine();
+    out.message(console::kSolving)
+        .wideNumber(harness_)
+        .message(console::kHarnessSatinWeave)
+        .endLine();
   }
   out.text(materialName).endLine().endLine();
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iostream>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -161,6 +162,20 @@ TEST_P(Satins, HandTheFolderToEveryStateAndNeverRunFatigue) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Solve, Satins, testing::Values(4, 5, 8));
+
+TEST_F(Solve, OfASatinHasItsTitleOnTheWideStreamAndItsNameOnTheNarrowOne) {
+  SatinWeave satin("glass", "epoxy", 5);
+  satin.materialName = "NAME";
+  std::ostringstream narrow;
+  std::wostringstream wide;
+  std::streambuf* const narrowBefore = std::cout.rdbuf(narrow.rdbuf());
+  std::wstreambuf* const wideBefore = std::wcout.rdbuf(wide.rdbuf());
+  satin.solve("folder");
+  std::cout.rdbuf(narrowBefore);
+  std::wcout.rdbuf(wideBefore);
+  EXPECT_EQ(wide.str(), L"Solving 5 harness satin weave composite\n");
+  EXPECT_EQ(narrow.str(), "NAME\n\n");
+}
 
 TEST_F(Solve, OfAPlainWeaveWithoutTestDataOnlySumsUp) {
   const auto plain = weave(1);

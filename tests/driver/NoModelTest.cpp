@@ -80,6 +80,7 @@ std::vector<NoModelDeck> decks() {
       {"IncompressibleMatrix", uniDeck(fvf, with({}, kMatrix, kIncompressible))},
       {"NegativeModulus", uniDeck(fvf, with({}, kFiber, kNegative))},
       {"TowsWithoutRoom", wovenDeck(fvf + "*BVF\n0.6, 0.5\n")},
+      {"TowsThatFillThePly", wovenDeck(fvf + "*BVF\n0.5, 0.5\n")},
       {"TowsInPerCent", wovenDeck(fvf + "*BVF\n40, 40\n")},
       {"TowsMissing", wovenDeck(fvf)},
       {"FractionInTowInPerCent", wovenDeck("*FVF\n60\n*BVF\n0.4, 0.4\n")},

@@ -16,10 +16,10 @@ bool isFraction(const double value) {
 }  // namespace
 
 bool WeaveDescription::isSensible() const {
-  constexpr double kFull = 1.0 + 1e-9;  // a sum of two fractions that a deck rounds
+  constexpr double kFull = 1.0 - 1e-9;  // less than a deck's digits, more than a sum's rounding
   return InterlacingPattern::ofHarness(harness).has_value() && isFraction(fillFraction) &&
          isFraction(warpFraction) && isFraction(fiberFraction) &&
-         fillFraction + warpFraction <= kFull;
+         fillFraction + warpFraction < kFull;
 }
 
 UnitCell WeaveDescription::unitCell() const {

@@ -60,6 +60,13 @@ TEST(WeaveDescription, KnowsWhatMakesSense) {
   WeaveDescription full = smallWeave();
   full.fillFraction = full.warpFraction = 0.6;
   EXPECT_FALSE(full.isSensible());
+  full.fillFraction = 0.7;
+  full.warpFraction = 0.3;
+  EXPECT_FALSE(full.isSensible());
+  full.warpFraction = 0.3 - 1e-16;
+  EXPECT_FALSE(full.isSensible()) << "1 but for rounding";
+  full.warpFraction = 0.299999;
+  EXPECT_TRUE(full.isSensible());
 }
 
 TEST(WeaveModel, SolvesNothingTwice) {
