@@ -22,7 +22,7 @@ namespace lamkit {
 namespace {
 
 std::string contentOf(const std::string& path) {
-  if (lamcraft::platform::isEndless(path)) {
+  if (lamcraft::platform::isEndless(path) || lamcraft::platform::isFolder(path)) {
     throw Failure(path, "is no file");
   }
   std::ifstream in(path, std::ios::binary);
@@ -30,7 +30,7 @@ std::string contentOf(const std::string& path) {
     throw Failure(path, "cannot be opened");
   }
   std::string content{std::istreambuf_iterator<char>(in), {}};
-  if (in.bad() || lamcraft::platform::isFolder(path)) {
+  if (in.bad()) {
     throw Failure(path, "cannot be read");
   }
   return content;

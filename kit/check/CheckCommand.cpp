@@ -1,5 +1,6 @@
 #include "check/CheckCommand.h"
 
+#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,8 @@ void checkAll(const std::vector<std::string>& decks, Context& context) {
       files.push_back(checkDeck(deck));
     } catch (const Failure& failure) {
       context.fail(failure);
+    } catch (const std::exception& error) {
+      context.fail(Failure(deck, error.what()));
     }
   }
   context.report(files);

@@ -63,6 +63,14 @@ TEST(Program, AFileThatIsMissingDoesNotKeepTheOthersBack) {
   EXPECT_NE(result.out.find("[byte-order-mark]"), std::string::npos);
 }
 
+TEST(Program, AFolderIsNoDeck) {
+  const TemporaryFolder folder;
+  const Result result = lamkit({"check", folder.path().string()});
+  EXPECT_EQ(result.code, ExitCode::failed);
+  EXPECT_EQ(result.err.find("lamkit: " + folder.path().string() + ": is no file"), 0U)
+      << result.err;
+}
+
 TEST(Program, AnErrorIsExitCodeTwoInBothFormats) {
   const TemporaryFolder folder;
   const std::string bad = folder.write("bad.qdk", "\xEF\xBB\xBF*MATERIAL\n");
