@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "elastic/TransverselyIsotropic.h"
+#include "elastic/Voigt.h"
 #include "fatigue/PlainWeaveFatigue.h"
 #include "fatigue/UnidirectionalFatigue.h"
 #include "fit/Constituents.h"
@@ -23,7 +24,7 @@ constexpr int kCurvePoints = 40;
 constexpr std::int32_t kPlainWeave = 1;  ///< the one weave that fatigue is fitted for
 
 kx::SnRecord recordOf(const SnRecord& record) {
-  return {record.stress, record.life, record.frequency, record.theta, record.ratio};
+  return {record.stress, record.life, record.frequency, record.angle, record.ratio};
 }
 
 /// What drives fatigue under a load at an angle, and by which constants.
@@ -53,7 +54,7 @@ class LifeModel {
 
   /// Cycles to failure; nothing where there are no constants for this load.
   [[nodiscard]] std::optional<double> life(const SnRecord& test, const double stress) const {
-    const std::optional<Drive> drive = driveOf(test.theta);
+    const std::optional<Drive> drive = driveOf(test.angle);
     if (!drive || !(drive->constants->breakingEnergy > 0.0) || !(drive->stress > 0.0)) {
       return std::nullopt;
     }
@@ -109,11 +110,12 @@ void LifeModel::readPly(const MaterialData& data) {
 
 void LifeModel::fitWeave() {
   isWoven_ = true;
-  const auto stressOf = [this](const char* const name) {
+  const auto stressOf = [this](const char* const name) -> kx::Matrix6 {
     const FittedConstituent* const found = environment_.find(name);
-    return found == nullptr || found->decompositions.empty()
-               ? kx::ConcentrationColumns{}
-               : found->decompositions.front().slot.stress;
+    if (found == nullptr || found->decompositions.empty()) {
+      return kx::Matrix6::Zero();
+    }
+    return Eigen::Map<const kx::Matrix6>(found->decompositions.front().slot.stress.data());
   };
   const kx::WeaveDecomposition weave{stressOf(names::kFill),
                                      stressOf(names::kWarp),
@@ -178,7 +180,7 @@ std::optional<Drive> LifeModel::driveOf(const double angle) const {
 
 double LifeModel::senseFactor(const SnRecord& test, const Drive& drive) const {
   const auto pulls = [this, &drive](const SnRecord& other) {
-    const std::optional<Drive> its = driveOf(other.theta);
+    const std::optional<Drive> its = driveOf(other.angle);
     return its && its->isAlong == drive.isAlong && !isCompressive(other);
   };
   const auto& tests = environment_.snRecords;
@@ -218,7 +220,7 @@ std::optional<double> scatterOf(const std::vector<SnRecord>& records, const Life
 
 LifeSeries seriesOf(const std::vector<SnRecord>& records, const LifeModel& model) {
   LifeSeries series;
-  series.angle = records.front().theta;
+  series.angle = records.front().angle;
   series.ratio = records.front().ratio;
   series.frequency = meanFrequency(records);
   double lowest = std::abs(records.front().stress);
@@ -252,7 +254,7 @@ LifeChart lifeChart(const MaterialFolder& folder, const std::size_t environment)
   chart.isRecomputed = folder.data.harness == kPlainWeave;
   std::map<std::pair<double, double>, std::vector<SnRecord>> groups;
   for (const SnRecord& record : data.snRecords) {
-    groups[{record.theta, record.ratio}].push_back(record);
+    groups[{record.angle, record.ratio}].push_back(record);
   }
   const LifeModel model(folder, data);
   for (const auto& group : groups) {
