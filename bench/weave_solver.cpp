@@ -86,7 +86,7 @@ void solveUnitCell(benchmark::State& state) {
   weave.resolution = {static_cast<int>(state.range(0)) / 2, static_cast<int>(state.range(1))};
   const kx::TransverselyIsotropic fiber{230e9, 15e9, 0.2, 0.25, 20e9, -5e-7, 1e-5};
   const auto constituents = kx::WeaveConstituents::uniform(fiber, kx::isotropic(3.5e9, 0.35, 5e-5));
-  const kx::UnitCell cell = weave.unitCell();
+  const kx::UnitCell cell = weave.unitCell(weave.resolution);
   const kx::CellMaterials materials(cell, kx::cellConstituents(weave, constituents));
   solve(state, materials.field());
 }

@@ -13,28 +13,31 @@ namespace {
 
 constexpr double kContactGap = 0.05;    // of the ply thickness: closer tows count as touching
 constexpr double kContactLayer = 0.03;  // of the ply thickness, into either tow
+constexpr double kExtrapolation = 0.2;  // of the difference between two grids
 
-// Sums over voxels, one column per load case; volume in voxels.
-struct RegionSums {
-  double volume = 0.0;
-  Eigen::Matrix<double, 6, 7> strain = Eigen::Matrix<double, 6, 7>::Zero();
-  Eigen::Matrix<double, 6, 7> stress = Eigen::Matrix<double, 6, 7>::Zero();
+using Cases = CellMeans::Cases;
+using Region = CellMeans::Region;
 
-  void add(const RegionSums& other) {
-    volume += other.volume;
-    strain += other.strain;
-    stress += other.stress;
+void add(Region& sum, const double factor, const Region& part) {
+  sum.volume += factor * part.volume;
+  sum.strain += factor * part.strain;
+  sum.stress += factor * part.stress;
+}
+
+void add(CellMeans& sum, const double factor, const CellMeans& part) {
+  for (std::size_t r = 0; r < kCellPhases; ++r) {
+    add(sum.phases[r], factor, part.phases[r]);
   }
+  add(sum.interface, factor, part.interface);
+  sum.energy += factor * part.energy;
+}
 
-  // Strains are in place; the stresses follow, the phase being one material all over the region.
-  void close(const PhaseStiffness& phase) {
-    stress = phase.c * strain;
-    stress.col(static_cast<Eigen::Index>(kThermalCase)) -= volume * phase.beta;
-  }
-};
-
-constexpr std::size_t kInterface = kCellPhases;
-using CellSums = std::array<RegionSums, kCellPhases + 1>;
+// Stress of a phase under the strains of all cases.
+Cases stressOf(const PhaseStiffness& phase, const Cases& strain, const double volume) {
+  Cases stress = phase.c * strain;
+  stress.col(static_cast<Eigen::Index>(kThermalCase)) -= volume * phase.beta;
+  return stress;
+}
 
 double gapOf(const WeaveColumn& column) {
   return std::max(column.fill.lower - column.warp.upper, column.warp.lower - column.fill.upper);
@@ -82,55 +85,44 @@ double contactGap(const UnitCell& cell) {
   return std::max(kContactGap * cell.geometry().thickness(), closest);
 }
 
-CellSums planeSums(const CellMaterials& materials,
-                   const CellFields& fields,
-                   const double widestGap,
-                   const int i) {
+// Sums over the voxels of plane i.
+CellMeans planeSums(const CellMaterials& materials,
+                    const CellFields& fields,
+                    const double widestGap,
+                    const int i) {
   const UnitCell& cell = materials.cell();
   PhaseStrains plane(materials, fields, kLoadCases);
   plane.load(i);
-  CellSums sums;
+  CellMeans sums;
   for (int j = 0; j < cell.shape().n2; ++j) {
     const Contact contact = contactOf(cell, cell.column(i, j), widestGap);
-    CellSums column;
-    CellSums touching;
-    plane.visitColumn(j, [&](const std::size_t r, const double share, const auto& e, const int k) {
-      column[r].volume += share;
-      column[r].strain += share * e;
-      if (r == kPocket || !(contact.weight > 0.0)) {
-        return;
-      }
-      const double weight =
-          contact.weight * cell.overlap(r == kFill ? contact.fill : contact.warp, k);
-      touching[r].volume += weight;
-      touching[r].strain += weight * e;
-    });
     const auto phases = materials.phasesAt(i, j);
-    for (std::size_t r = 0; r < kCellPhases; ++r) {
-      column[r].close(*phases[r]);
-      touching[r].close(*phases[r]);
-      sums[r].add(column[r]);
-      sums[kInterface].add(touching[r]);
-    }
+    plane.visitColumn(
+        j, [&](const std::size_t r, const double share, const VoxelStrains& strains, const int k) {
+          const Cases strain = strains.mean;
+          const Cases bending = strains.bending;
+          const Cases stress = stressOf(*phases[r], strain, 1.0);
+          add(sums.phases[r], share, {1.0, strain, stress});
+          sums.energy += share * (strain.leftCols<6>().transpose() * stress +
+                                  bending.leftCols<6>().transpose() * (phases[r]->c * bending));
+          if (r == kPocket || !(contact.weight > 0.0)) {
+            return;
+          }
+          const double weight =
+              contact.weight * cell.overlap(r == kFill ? contact.fill : contact.warp, k);
+          add(sums.interface, weight, {1.0, strain, stress});
+        });
   }
   return sums;
 }
 
-RegionMeans meansOf(const RegionSums& sums, const double voxels) {
-  RegionMeans means;
-  means.volume = sums.volume / voxels;
-  means.strain = sums.strain.leftCols<6>() / sums.volume;
-  means.thermalStrain = sums.strain.col(6) / sums.volume;
-  means.stress = sums.stress.leftCols<6>() / sums.volume;
-  means.thermalStress = sums.stress.col(6) / sums.volume;
-  return means;
-}
-
-Concentration concentrationOf(const RegionMeans& means, const CellResponse& response) {
-  return {means.strain,
-          means.thermalStrain,
-          means.stress * response.compliance,
-          means.stress * response.expansion + means.thermalStress};
+Concentration concentrationOf(const Region& region, const CellResponse& response) {
+  const Cases strain = region.strain / region.volume;
+  const Cases stress = region.stress / region.volume;
+  return {strain.leftCols<6>(),
+          strain.col(6),
+          stress.leftCols<6>() * response.compliance,
+          stress.leftCols<6>() * response.expansion + stress.col(6)};
 }
 
 // Of the whole cell in terms of itself.
@@ -145,7 +137,13 @@ struct SensitivitySums {
 
   SensitivitySums() { work.fill(Matrix6::Zero()); }
 
-  void add(const double share, const Matrix6& local) {
+  void add(const double share, const Matrix6& local, const Matrix6& bending) {
+    addWork(share, local);
+    addWork(share, bending);
+    strain += share * local;
+  }
+
+  void addWork(const double share, const Matrix6& local) {
     using Row = Eigen::Matrix<double, 1, 6>;
     const Row along = local.row(k11);
     const Row dilatation = local.row(k22) + local.row(k33);
@@ -159,7 +157,6 @@ struct SensitivitySums {
     work[CellSensitivity::bulk] += square(dilatation);
     work[CellSensitivity::transverse] += square(distortion) + square(local.row(k23));
     work[CellSensitivity::shear] += square(local.row(k12)) + square(local.row(k13));
-    strain += share * local;
   }
 };
 
@@ -174,48 +171,76 @@ CellSensitivitySums planeSensitivity(const CellMaterials& materials,
   for (int j = 0; j < materials.cell().shape().n2; ++j) {
     const std::array<Matrix6, kCellPhases> toLocal{
         Matrix6::Identity(), materials.fill(i, j).toLocal, materials.warp(i, j).toLocal};
-    plane.visitColumn(j, [&](const std::size_t r, const double share, const auto& e, int /*k*/) {
-      sums[r].add(share, toLocal[r] * e);
-    });
+    plane.visitColumn(
+        j, [&](const std::size_t r, const double share, const VoxelStrains& strains, int /*k*/) {
+          sums[r].add(share, toLocal[r] * strains.mean, toLocal[r] * strains.bending);
+        });
   }
   return sums;
 }
 
 }  // namespace
 
-CellResponse cellResponse(const CellMaterials& materials,
-                          const CellFields& fields,
-                          ThreadPool& team) {
+CellMeans cellMeans(const CellMaterials& materials, const CellFields& fields, ThreadPool& team) {
   const UnitCell& cell = materials.cell();
   const double widestGap = contactGap(cell);
-  std::vector<CellSums> planes(static_cast<std::size_t>(cell.shape().n1));
+  std::vector<CellMeans> planes(static_cast<std::size_t>(cell.shape().n1));
   team.forEach(planes.size(), [&](const std::size_t i) {
     planes[i] = planeSums(materials, fields, widestGap, static_cast<int>(i));
   });
-  CellSums sums;
-  RegionSums whole;
-  for (const CellSums& plane : planes) {
-    for (std::size_t r = 0; r < sums.size(); ++r) {
-      sums[r].add(plane[r]);
-    }
+  CellMeans means;
+  for (const CellMeans& plane : planes) {
+    add(means, 1.0 / static_cast<double>(cell.shape().voxels()), plane);
   }
-  for (std::size_t r = 0; r < kCellPhases; ++r) {
-    whole.add(sums[r]);
-  }
-  const auto voxels = static_cast<double>(cell.shape().voxels());
-  const RegionMeans overall = meansOf(whole, voxels);
+  return means;
+}
+
+CellResponse cellResponse(const CellMeans& means) {
   CellResponse response;
-  response.stiffness = overall.stress;
-  response.compliance = overall.stress.inverse();
-  response.expansion = -response.compliance * overall.thermalStress;
+  const Matrix6 stiffness = means.energy.leftCols<6>();
+  response.stiffness = (stiffness + stiffness.transpose()) / 2;
+  response.compliance = response.stiffness.inverse();
+  response.expansion = -response.compliance * means.energy.col(6);
+  Cases missing;
+  missing << response.stiffness, means.energy.col(6);
+  double tows = 0.0;
   for (std::size_t r = 0; r < kCellPhases; ++r) {
-    response.phases[r] = sums[r].volume > 0.0 ? concentrationOf(meansOf(sums[r], voxels), response)
-                                              : wholeConcentration();
+    missing -= means.phases[r].stress;
+    tows += r == kPocket ? 0.0 : means.phases[r].volume;
   }
-  response.interface = sums[kInterface].volume > 0.0
-                           ? concentrationOf(meansOf(sums[kInterface], voxels), response)
-                           : wholeConcentration();
+  for (std::size_t r = 0; r < kCellPhases; ++r) {
+    Region phase = means.phases[r];
+    if (r != kPocket) {
+      phase.stress += phase.volume / tows * missing;
+    }
+    response.phases[r] =
+        phase.volume > 0.0 ? concentrationOf(phase, response) : wholeConcentration();
+  }
+  response.interface = means.interface.volume > 0.0 ? concentrationOf(means.interface, response)
+                                                    : wholeConcentration();
   return response;
+}
+
+CellMeans extrapolated(const CellMeans& fine, const CellMeans& coarse) {
+  CellMeans means;
+  add(means, 1.0 + kExtrapolation, fine);
+  add(means, -kExtrapolation, coarse);
+  return means;
+}
+
+CellSensitivity extrapolated(const CellSensitivity& fine, const CellSensitivity& coarse) {
+  CellSensitivity result = fine;
+  for (std::size_t r = 0; r < kCellPhases; ++r) {
+    for (std::size_t m = 0; m < result.stiffness[r].size(); ++m) {
+      result.stiffness[r][m] += kExtrapolation * (fine.stiffness[r][m] - coarse.stiffness[r][m]);
+    }
+    result.strain[r] += kExtrapolation * (fine.strain[r] - coarse.strain[r]);
+  }
+  return result;
+}
+
+double extrapolated(const double fine, const double coarse) {
+  return fine + kExtrapolation * (fine - coarse);
 }
 
 double strainEnergy(const CellMaterials& materials,
@@ -223,25 +248,25 @@ double strainEnergy(const CellMaterials& materials,
                     const std::size_t loadCase) {
   const MaterialField& field = materials.field();
   const GridShape& shape = field.shape();
-  const auto n3 = static_cast<std::size_t>(shape.n3);
-  const std::size_t count = static_cast<std::size_t>(shape.n2) * n3;
-  std::vector<double> strains(6 * count);
+  const std::ptrdiff_t count = std::ptrdiff_t{shape.n2} * shape.n3;
+  std::vector<double> strains(static_cast<std::size_t>(kernels::kStrainRows * count));
   double sum = 0.0;
   for (int i = 0; i < shape.n1; ++i) {
     planeStrains(fields, loadCase, i, strains.data());
-    const std::int32_t* const rows = field.rowRuns(i);
-    for (int j = 0; j < shape.n2; ++j) {
-      for (std::int32_t run = rows[j]; run < rows[j + 1]; ++run) {
-        const Matrix6 c = field.stiffness(field.runs()[run].material);
-        const int end = run + 1 < rows[j + 1] ? field.runs()[run + 1].begin : shape.n3;
-        for (int k = field.runs()[run].begin; k < end; ++k) {
-          const Eigen::Map<const Vector6, 0, Eigen::InnerStride<>> strain(
-              strains.data() + static_cast<std::size_t>(j) * n3 + static_cast<std::size_t>(k),
-              Eigen::InnerStride<>(static_cast<Eigen::Index>(count)));
-          sum += strain.dot(c * strain);
-        }
+    field.forEachRun(i, [&](const int j, const int begin, const int end, const auto material) {
+      const Matrix6 c = field.stiffness(material);
+      for (int k = begin; k < end; ++k) {
+        using Stride = Eigen::InnerStride<>;
+        const double* const first = strains.data() + std::ptrdiff_t{j} * shape.n3 + k;
+        const Eigen::Map<const Vector6, 0, Stride> mean(first, Stride(count));
+        const double* const bent = first + 6 * count;
+        Vector6 bending = Vector6::Zero();
+        bending(k11) = bent[0];
+        bending(k22) = bent[count];
+        bending(k12) = bent[2 * count];
+        sum += mean.dot(c * mean) + kernels::kBendingShare * bending.dot(c * bending);
       }
-    }
+    });
   }
   return sum / static_cast<double>(shape.voxels());
 }

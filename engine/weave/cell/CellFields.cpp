@@ -77,12 +77,14 @@ void planeStrains(const CellFields& fields,
                   const int i,
                   double* const strains) {
   const CellFields::Place place = fields.find(loadCase);
-  planeGradients(*place.field, place.lane, i, strains);
+  planeGradients(*place.field, static_cast<std::ptrdiff_t>(place.lane), i, strains);
   const GridShape& shape = place.field->shape();
   const std::size_t count = static_cast<std::size_t>(shape.n2) * static_cast<std::size_t>(shape.n3);
   if (loadCase == kThermalCase) {
     const double scale = 1.0 / kSolvedTemperature;
-    std::for_each(strains, strains + 6 * count, [scale](double& value) { value *= scale; });
+    std::for_each(strains, strains + kernels::kStrainRows * count, [scale](double& value) {
+      value *= scale;
+    });
   } else {
     double* const own = strains + loadCase * count;
     std::for_each(own, own + count, [](double& value) { value += 1.0; });

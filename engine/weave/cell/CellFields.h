@@ -38,7 +38,8 @@ struct CellFields {
 };
 
 /// Strains of the voxels of plane i under one load case: unit strain plus the gradient of its
-/// fluctuation, six rows of n2 * n3 values (those of the thermal case for a rise of 1 K).
+/// fluctuation, kernels::kStrainRows rows of n2 * n3 values (those of the thermal case for a rise
+/// of 1 K).
 void planeStrains(const CellFields& fields, std::size_t loadCase, int i, double* strains);
 
 /// Adds the cases 22 and 23 to fields that hold 11 and 13, in a cell that the exchange of fill and

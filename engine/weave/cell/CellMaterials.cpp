@@ -93,8 +93,10 @@ void CellMaterials::fillVoxels() {
         const auto fractions = cell_.fractions(column, k);
         std::size_t phase = 0;
         const bool single = isPure(fractions, phase);
-        field_.addVoxel(single ? pure[phase]
-                               : add(CompositeVoxel(fractions, phasesAt(i, j)).overall()));
+        field_.addVoxel(
+            single ? pure[phase]
+                   : add(CompositeVoxel(fractions, phasesAt(i, j), cell_.interfaceFrame(column, k))
+                             .overall()));
       }
     }
   }

@@ -1,7 +1,6 @@
 #include "weave/cell/CellSolver.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace kx {
@@ -89,21 +88,22 @@ bool CellSolver::isExchangeable(const UnitCell& cell, const CellConstituents& co
   return (rotateStiffness(pocket.c, turn) - pocket.c).norm() <= rounding;
 }
 
-int CellSolver::solvePair(const CellMaterials& materials,
-                          const SolveSettings& settings,
-                          const CasePair& cases,
-                          PairField& field,
-                          PairSolver& solver,
-                          ThreadPool& team) const {
+CellSolve CellSolver::solvePair(const CellMaterials& materials,
+                                const SolveSettings& settings,
+                                const CasePair& cases,
+                                PairField& field,
+                                PairSolver& solver,
+                                ThreadPool& team) const {
   const std::array<bool, 2> active{cases[0] < kLoadCases, cases[1] < kLoadCases};
   const auto reports =
       solver.solve(materials.field(), unitLoad(cases), active, field, settings, team);
-  return reports[0].iterations + reports[1].iterations;
+  return {reports[0].iterations + reports[1].iterations,
+          reports[0].isConverged && reports[1].isConverged};
 }
 
-int CellSolver::solvePairs(const CellMaterials& materials,
-                           const SolveSettings& settings,
-                           CellFields& fields) {
+CellSolve CellSolver::solvePairs(const CellMaterials& materials,
+                                 const SolveSettings& settings,
+                                 CellFields& fields) {
   const std::size_t pairs = fields.cases.size();
   const auto threads = static_cast<std::size_t>(team_.threads());
   const bool large = cell_.shape().voxels() > kLargeCell;
@@ -112,39 +112,44 @@ int CellSolver::solvePairs(const CellMaterials& materials,
   while (solvers_.size() < workspaces) {
     solvers_.push_back(std::make_unique<PairSolver>(basis_));
   }
-  std::vector<int> iterations(pairs);
+  std::vector<CellSolve> solves(pairs);
   for (std::size_t round = 0; round < together; round += threads) {
     team_.forEach(threads, [&](const std::size_t t) {
       ThreadPool alone(1);
       const std::size_t p = round + t;
-      iterations[p] =
+      solves[p] =
           solvePair(materials, settings, fields.cases[p], fields.pairs[p], *solvers_[t], alone);
     });
   }
   for (std::size_t p = together; p < pairs; ++p) {
-    iterations[p] =
+    solves[p] =
         solvePair(materials, settings, fields.cases[p], fields.pairs[p], *solvers_[0], team_);
   }
-  return std::accumulate(iterations.begin(), iterations.end(), 0);
+  CellSolve all;
+  for (const CellSolve& solve : solves) {
+    all.iterations += solve.iterations;
+    all.isConverged = all.isConverged && solve.isConverged;
+  }
+  return all;
 }
 
-int CellSolver::solve(const CellMaterials& materials,
-                      const ThermalCase thermal,
-                      const SolveSettings& settings,
-                      CellFields& fields) {
+CellSolve CellSolver::solve(const CellMaterials& materials,
+                            const ThermalCase thermal,
+                            const SolveSettings& settings,
+                            CellFields& fields) {
   const bool exchangeable = isExchangeable(cell_, materials.constituents());
   fields = startFor(casesToSolve(exchangeable, thermal), cell_.shape(), fields);
-  const int iterations = solvePairs(materials, settings, fields);
+  const CellSolve solve = solvePairs(materials, settings, fields);
   if (exchangeable) {
     addExchangedCases(cell_, fields);
   }
-  return iterations;
+  return solve;
 }
 
-int CellSolver::solveCase(const CellMaterials& materials,
-                          const std::size_t loadCase,
-                          const SolveSettings& settings,
-                          CellFields& fields) {
+CellSolve CellSolver::solveCase(const CellMaterials& materials,
+                                const std::size_t loadCase,
+                                const SolveSettings& settings,
+                                CellFields& fields) {
   const CasePair pair{loadCase, kLoadCases};
   CellFields own = startFor({pair}, cell_.shape(), {});
   const auto known = std::find(fields.cases.begin(), fields.cases.end(), pair);
@@ -154,10 +159,10 @@ int CellSolver::solveCase(const CellMaterials& materials,
     fields.cases.erase(known);
     fields.pairs.erase(fields.pairs.begin() + at);
   }
-  const int iterations = solvePairs(materials, settings, own);
+  const CellSolve solve = solvePairs(materials, settings, own);
   fields.cases.push_back(pair);
   fields.pairs.push_back(std::move(own.pairs[0]));
-  return iterations;
+  return solve;
 }
 
 }  // namespace kx

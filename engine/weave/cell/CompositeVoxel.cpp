@@ -27,17 +27,22 @@ Eigen::Vector3d outOfPlane(const Vector6& v) {
 }  // namespace
 
 CompositeVoxel::CompositeVoxel(const std::array<double, kCellPhases>& fractions,
-                               const std::array<const PhaseStiffness*, kCellPhases>& phases)
-    : fractions_(fractions), phases_(phases) {
+                               const std::array<const PhaseStiffness*, kCellPhases>& phases,
+                               const Frame& interface)
+    : fractions_(fractions),
+      phases_(phases),
+      toLayers_(strainTransform(interface)),
+      toComposite_(strainTransform(interface.transpose())) {
   Eigen::Matrix3d meanCompliance = Eigen::Matrix3d::Zero();
   for (std::size_t r = 0; r < kCellPhases; ++r) {
     if (fractions_[r] == 0.0) {
       continue;
     }
     Layer& layer = layers_[r];
-    layer.compliance = block(phases_[r]->c, kOut, kOut).inverse();
-    layer.coupling = layer.compliance * block(phases_[r]->c, kOut, kPlane);
-    layer.free = layer.compliance * outOfPlane(phases_[r]->beta);
+    const Matrix6 c = rotateStiffness(phases_[r]->c, toComposite_);
+    layer.compliance = block(c, kOut, kOut).inverse();
+    layer.coupling = layer.compliance * block(c, kOut, kPlane);
+    layer.free = layer.compliance * outOfPlane(rotateStress(phases_[r]->beta, toComposite_));
     meanCompliance += fractions_[r] * layer.compliance;
     meanCoupling_ += fractions_[r] * layer.coupling;
     meanFree_ += fractions_[r] * layer.free;
@@ -57,7 +62,7 @@ Matrix6 CompositeVoxel::localisation(const std::size_t phase) const {
       strain(kOut[i], kPlane[j]) = plane(static_cast<Index>(i), static_cast<Index>(j));
     }
   }
-  return strain;
+  return toComposite_ * strain * toLayers_;
 }
 
 Vector6 CompositeVoxel::thermalLocalisation(const std::size_t phase) const {
@@ -67,7 +72,7 @@ Vector6 CompositeVoxel::thermalLocalisation(const std::size_t phase) const {
   for (std::size_t i = 0; i < 3; ++i) {
     strain(kOut[i]) = out(static_cast<Index>(i));
   }
-  return strain;
+  return toComposite_ * strain;
 }
 
 PhaseStiffness CompositeVoxel::overall() const {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "elastic/Rotation.h"
 #include "elastic/Voigt.h"
 #include "weave/cell/UnitCell.h"
 
@@ -15,14 +16,16 @@ struct PhaseStiffness {
   Vector6 beta = Vector6::Zero();
 };
 
-/// A voxel that several phases share, taken as a laminate of them with axis 3 as its normal (the
-/// composite voxels of kabel2015): the in-plane strains and the stresses on the layers' faces are
-/// common to all phases.
+/// A voxel that several phases share, taken as a laminate of them with the normal of their
+/// interface (the composite voxels of kabel2015): the in-plane strains and the stresses on the
+/// layers' faces are common to all phases.
 class CompositeVoxel {
  public:
-  /// Phases with a fraction of 0 are left out; fractions sum to 1.
+  /// Phases with a fraction of 0 are left out; fractions sum to 1. The third axis of `interface` is
+  /// the layers' normal.
   CompositeVoxel(const std::array<double, kCellPhases>& fractions,
-                 const std::array<const PhaseStiffness*, kCellPhases>& phases);
+                 const std::array<const PhaseStiffness*, kCellPhases>& phases,
+                 const Frame& interface);
 
   /// Stiffness and thermal stress of the whole voxel.
   PhaseStiffness overall() const;
@@ -40,6 +43,8 @@ class CompositeVoxel {
 
   std::array<double, kCellPhases> fractions_;
   std::array<const PhaseStiffness*, kCellPhases> phases_;
+  Matrix6 toLayers_;     ///< strains from composite axes to those of the layers
+  Matrix6 toComposite_;  ///< and back
   std::array<Layer, kCellPhases> layers_;
   Eigen::Matrix3d stiffening_ = Eigen::Matrix3d::Zero();  ///< inverse of the mean compliance
   Eigen::Matrix3d meanCoupling_ = Eigen::Matrix3d::Zero();

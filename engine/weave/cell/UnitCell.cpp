@@ -5,13 +5,13 @@
 
 namespace kx {
 
-// Multiples of small primes in every direction: the transforms are fast.
-CellResolution defaultResolution(const int tows) {
-  if (tows == 2) {
-    return {24, 18};
-  }
-  return {16, 12};
-}
+namespace {
+
+// Of a voxel's height: a sliver of this size is rounding of the tow's surface against the voxel's
+// face.
+constexpr double kSliver = 1e-9;
+
+}  // namespace
 
 UnitCell::UnitCell(const WeaveGeometry& geometry, const CellResolution& resolution)
     : geometry_(geometry),
@@ -53,9 +53,35 @@ double UnitCell::overlap(const Interval& interval, const int k) const {
   return std::clamp((upper - lower) / shape_.h3, 0.0, 1.0);
 }
 
+Frame UnitCell::interfaceFrame(const WeaveColumn& column, const int k) const {
+  const double floor = k * shape_.h3 - geometry_.thickness() / 2;
+  Eigen::Vector2d slopes = Eigen::Vector2d::Zero();
+  int surfaces = 0;
+  // Surfaces on a face of the voxel do not divide it; rounding must not decide.
+  const double margin = kSliver * shape_.h3;
+  const auto meet = [&](const double height, const double along1, const double along2) {
+    if (height > floor + margin && height < floor + shape_.h3 - margin) {
+      slopes += Eigen::Vector2d(along1, along2);
+      ++surfaces;
+    }
+  };
+  if (column.fill.length() > 0.0) {
+    meet(column.fill.lower, column.fillSlope, -column.fillFlank);
+    meet(column.fill.upper, column.fillSlope, column.fillFlank);
+  }
+  if (column.warp.length() > 0.0) {
+    meet(column.warp.lower, -column.warpFlank, column.warpSlope);
+    meet(column.warp.upper, column.warpFlank, column.warpSlope);
+  }
+  slopes /= std::max(1, surfaces);
+  const Eigen::Vector3d normal = Eigen::Vector3d(-slopes(0), -slopes(1), 1.0).normalized();
+  const Eigen::Vector3d first = Eigen::Vector3d(normal(2), 0.0, -normal(0)).normalized();
+  Frame frame;
+  frame << first.transpose(), normal.cross(first).transpose(), normal.transpose();
+  return frame;
+}
+
 std::array<double, kCellPhases> UnitCell::fractions(const WeaveColumn& column, const int k) const {
-  // A sliver of this size is rounding of the tow's surface against the voxel's face.
-  constexpr double kSliver = 1e-9;
   const auto share = [&](const Interval& tow) {
     const double part = overlap(tow, k);
     return part < kSliver ? 0.0 : (part > 1.0 - kSliver ? 1.0 : part);

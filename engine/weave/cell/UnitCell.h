@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "elastic/Rotation.h"
 #include "weave/geometry/WeaveGeometry.h"
 #include "weave/voxel/GridShape.h"
 
@@ -20,9 +21,10 @@ struct CellResolution {
   int throughThickness = 0;
 };
 
-/// The grid that a weave is computed on unless another one is asked for: errors of the in-plane
-/// moduli are below 1.5 %.
-CellResolution defaultResolution(int tows);
+/// The grids that weaves are computed on: multiples of small primes in every direction, so that the
+/// transforms are fast. What comes of them is extrapolated; docs/engine.md has the errors.
+inline constexpr CellResolution kFineGrid{16, 12};
+inline constexpr CellResolution kCoarseGrid{6, 6};
 
 /// The voxel model of a weave's smallest unit cell: one warp tow wide and displaced along the warp
 /// from repeat to repeat where the pattern allows it (plain weave, 5- and 8-harness satin), else
@@ -41,6 +43,10 @@ class UnitCell {
 
   /// Fractions of the phases in voxel k of a column; they sum to 1.
   std::array<double, kCellPhases> fractions(const WeaveColumn& column, int k) const;
+
+  /// Axes of the interfaces in voxel k of a column: the third is their normal, the mean one where
+  /// there are several.
+  Frame interfaceFrame(const WeaveColumn& column, int k) const;
 
   /// Length of the part of an interval that lies in voxel k, over the voxel's height.
   double overlap(const Interval& interval, int k) const;

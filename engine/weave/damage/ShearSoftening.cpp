@@ -2,8 +2,7 @@
 
 #include <array>
 
-#include "weave/cell/CellAverages.h"
-#include "weave/cell/CellSolver.h"
+#include "weave/model/WeaveCell.h"
 
 namespace kx {
 
@@ -17,9 +16,7 @@ std::vector<DegradationPair> shearSoftening(ThreadPool& team,
                                             const WeaveDescription& weave,
                                             const TransverselyIsotropic& fiber,
                                             const TransverselyIsotropic& matrix) {
-  const UnitCell cell = weave.unitCell();
-  CellSolver solver(cell, team);
-  CellFields fields;
+  WeaveCell cell(weave, team);
   // The energy form squares the residual: 1e-6 of the modulus is left.
   SolveSettings settings;
   settings.tolerance = 1e-3;
@@ -28,10 +25,8 @@ std::vector<DegradationPair> shearSoftening(ThreadPool& team,
   for (const double factor : kMatrixFactors) {
     TransverselyIsotropic soft = matrix;
     soft.g12 *= factor;
-    const CellMaterials materials(cell,
-                                  cellConstituents(weave, WeaveConstituents::uniform(fiber, soft)));
-    solver.solveCase(materials, k12, settings, fields);
-    const double modulus = strainEnergy(materials, fields, k12);
+    cell.solveCase(WeaveConstituents::uniform(fiber, soft), k12, settings);
+    const double modulus = cell.strainEnergy(k12);
     if (pairs.empty()) {
       intact = modulus;
     }

@@ -10,8 +10,8 @@
 #include "fit/ConstituentAssessment.h"
 #include "fit/FitStart.h"
 #include "fit/ThermalFit.h"
-#include "weave/cell/CellSolver.h"
 #include "weave/fit/WeaveProblem.h"
+#include "weave/model/WeaveCell.h"
 
 namespace kx {
 
@@ -36,13 +36,10 @@ class FieldFit {
            const Properties& target,
            const Constituents& start,
            const ProgressHook& hook)
-      : team_(team),
-        weave_(weave),
-        hook_(hook),
+      : hook_(hook),
         space_(start),
         problem_(space_, target, weave.fiberFraction),
-        cell_(weave.unitCell()),
-        solver_(cell_, team) {
+        cell_(weave, team) {
     for (std::size_t i = 0; i < Space::kUnknowns; ++i) {
       const Unknown& unknown = space_.unknowns()[i];
       reach_(static_cast<Eigen::Index>(i)) =
@@ -153,13 +150,10 @@ class FieldFit {
 
   Point solvedAt(const Vector& z, const double tolerance) {
     const Constituents materials = space_.at(z.data());
-    const CellMaterials voxels(
-        cell_,
-        cellConstituents(weave_, WeaveConstituents::uniform(materials.fiber, materials.matrix)));
     SolveSettings settings;
     settings.tolerance = tolerance;
-    solver_.solve(voxels, ThermalCase::without, settings, fields_);
-    Point point{z, cellSensitivity(voxels, fields_, team_), 0.0};
+    cell_.solveStrains(WeaveConstituents::uniform(materials.fiber, materials.matrix), settings);
+    Point point{z, cell_.sensitivity(), 0.0};
     problem_.setSensitivity(point.sensitivity);
     point.error = problem_.error(z);
     ++solves_;
@@ -169,14 +163,10 @@ class FieldFit {
     return point;
   }
 
-  ThreadPool& team_;
-  const WeaveDescription& weave_;
   const ProgressHook& hook_;
   Space space_;
   Problem problem_;
-  UnitCell cell_;
-  CellSolver solver_;
-  CellFields fields_;
+  WeaveCell cell_;
   Vector reach_;  // change of z at a radius of 1
   double radius_ = kFirstRadius;
   std::int32_t solves_ = 0;

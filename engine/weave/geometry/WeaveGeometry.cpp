@@ -79,6 +79,19 @@ double WeaveGeometry::profile(const double distance) const {
   return distance <= flat ? 1.0 : std::cos(kPi * (distance - flat) / crossingLength_);
 }
 
+// Derivative of profile() along a signed distance.
+double WeaveGeometry::profileSlope(const double distance) const {
+  const double side = distance < 0.0 ? -1.0 : 1.0;
+  if (towWidth_ < 1.0) {
+    return std::abs(distance) < towWidth_ / 2
+               ? -kPi / towWidth_ * std::sin(kPi * distance / towWidth_)
+               : 0.0;
+  }
+  const double flat = (1 - crossingLength_) / 2;
+  const double past = std::abs(distance) - flat;
+  return past <= 0.0 ? 0.0 : -side * kPi / crossingLength_ * std::sin(kPi * past / crossingLength_);
+}
+
 WeaveColumn WeaveGeometry::column(const double x1, const double x2) const {
   const int warp = static_cast<int>(std::floor(x1));
   const int fill = static_cast<int>(std::floor(x2));
@@ -101,7 +114,9 @@ WeaveColumn WeaveGeometry::column(const double x1, const double x2) const {
   return {{fillHeight - fillHalf, fillHeight + fillHalf},
           {warpHeight - warpHalf, warpHeight + warpHalf},
           fillAmplitude * fillLine.slope,
-          warpAmplitude * warpLine.slope};
+          warpAmplitude * warpLine.slope,
+          fillThickness_ / 2 * profileSlope(x2 - fill - 0.5),
+          warpThickness_ / 2 * profileSlope(x1 - warp - 0.5)};
 }
 
 }  // namespace kx

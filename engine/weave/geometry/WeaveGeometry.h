@@ -18,6 +18,8 @@ struct WeaveColumn {
   Interval warp;           ///< height range of the warp tow [pitch]
   double fillSlope = 0.0;  ///< dx3/dx1 of the fill tow's centreline
   double warpSlope = 0.0;  ///< dx3/dx2 of the warp tow's centreline
+  double fillFlank = 0.0;  ///< d/dx2 of half the fill tow's thickness
+  double warpFlank = 0.0;  ///< d/dx1 of half the warp tow's thickness
 };
 
 /// Analytic height fields of the tows of one ply of a weave, one repeat, periodic in all axes.
@@ -53,6 +55,7 @@ class WeaveGeometry {
 
  private:
   double profile(double distance) const;
+  double profileSlope(double distance) const;
 
   InterlacingPattern pattern_;
   double fillFraction_;

@@ -22,13 +22,19 @@ bool WeaveDescription::isSensible() const {
          fillFraction + warpFraction < kFull;
 }
 
-UnitCell WeaveDescription::unitCell() const {
+std::vector<CellResolution> WeaveDescription::grids() const {
+  if (resolution.perTow > 0) {
+    return {resolution};
+  }
+  return {kFineGrid, kCoarseGrid};
+}
+
+UnitCell WeaveDescription::unitCell(const CellResolution& grid) const {
   const InterlacingPattern pattern = *InterlacingPattern::ofHarness(harness);
   const int tows = pattern.tows();
   const double thickness =
       thicknessOverPitch > 0.0 ? thicknessOverPitch : WeaveGeometry::defaultThickness(tows);
-  return {WeaveGeometry(pattern, fillFraction, warpFraction, thickness),
-          resolution.perTow > 0 ? resolution : defaultResolution(tows)};
+  return {WeaveGeometry(pattern, fillFraction, warpFraction, thickness), grid};
 }
 
 std::array<TransverselyIsotropic, kCellPhases> phasesOf(const WeaveConstituents& constituents,

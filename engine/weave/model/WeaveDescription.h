@@ -2,6 +2,7 @@
 #define KX_WEAVE_MODEL_WEAVEDESCRIPTION_H
 
 #include <array>
+#include <vector>
 
 #include "elastic/TransverselyIsotropic.h"
 #include "weave/cell/CellMaterials.h"
@@ -16,13 +17,17 @@ struct WeaveDescription {
   double warpFraction = 0.0;
   double fiberFraction = 0.0;       ///< volume fraction of the fiber in the tows
   double thicknessOverPitch = 0.0;  ///< 0: the default of the weave
-  CellResolution resolution;        ///< 0: the default of the weave
+  CellResolution resolution;        ///< one grid instead of the usual two; 0: those
 
   /// A known harness number, all fractions inside (0, 1), tows that leave room in the ply.
   [[nodiscard]] bool isSensible() const;
 
-  /// The unit cell; the description must be sensible.
-  [[nodiscard]] UnitCell unitCell() const;
+  /// The grids that the weave is computed on: the fine and the coarse one of extrapolated(), or the
+  /// one that is asked for.
+  [[nodiscard]] std::vector<CellResolution> grids() const;
+
+  /// The unit cell on a grid; the description must be sensible.
+  [[nodiscard]] UnitCell unitCell(const CellResolution& grid) const;
 };
 
 /// The materials of a woven ply; the matrix of the pocket in composite axes, the others in the axes

@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::size_t kMostRemembered = 64;
 
+// Squared in the moduli and expansions; concentrations move by some 1e-4.
+constexpr SolveSettings kResponseSettings{1e-3};
+
 void append(std::vector<double>& key, const TransverselyIsotropic& solid) {
   key.insert(key.end(), {solid.e11, solid.e22, solid.v12, solid.v23, solid.g12});
 }
@@ -129,9 +132,8 @@ CellResponse WeaveModel::response(const WeaveDescription& weave,
 CellSensitivity WeaveModel::sensitivity(const WeaveDescription& weave,
                                         const WeaveConstituents& constituents) {
   Cell& cell = cellOf(weave);
-  const CellMaterials materials(cell.unit, cellConstituents(weave, constituents));
-  solveStrains(cell, constituents, materials);
-  return cellSensitivity(materials, cell.fields, team_);
+  solveStrains(cell, constituents);
+  return cell.solved.sensitivity();
 }
 
 CellResponse WeaveModel::solve(const WeaveDescription& weave,
@@ -144,18 +146,13 @@ CellResponse WeaveModel::solve(const WeaveDescription& weave,
     return known->response;
   }
   Cell& cell = cellOf(weave);
-  const CellMaterials materials(cell.unit, cellConstituents(weave, constituents));
-  solveStrains(cell, constituents, materials);
-  CellFields thermal;
-  cell.solver.solveCase(materials, kThermalCase, {}, thermal);
-  cell.fields.cases.push_back(thermal.cases[0]);
-  cell.fields.pairs.push_back(std::move(thermal.pairs[0]));
-  remembered_.push_back({key, cellResponse(materials, cell.fields, team_)});
-  if (!materials.constituents().hasThermalStress) {
-    forgetExpansion(remembered_.back().response);
+  solveStrains(cell, constituents);
+  CellResponse response = cell.solved.response(constituents, kResponseSettings);
+  response.isConverged = response.isConverged && cell.isConverged;
+  if (!cellConstituents(weave, constituents).hasThermalStress) {
+    forgetExpansion(response);
   }
-  cell.fields.cases.pop_back();
-  cell.fields.pairs.pop_back();
+  remembered_.push_back({key, response});
   if (remembered_.size() > kMostRemembered) {
     remembered_.pop_front();
   }
@@ -172,17 +169,14 @@ WeaveModel::Cell& WeaveModel::cellOf(const WeaveDescription& weave) {
   return *cell_;
 }
 
-void WeaveModel::solveStrains(Cell& cell,
-                              const WeaveConstituents& constituents,
-                              const CellMaterials& materials) {
+void WeaveModel::solveStrains(Cell& cell, const WeaveConstituents& constituents) {
   const Key key = moduliKey(constituents);
-  if (cell.moduliKey == key) {
-    return;
+  if (cell.moduliKey != key) {
+    cell.solved.forget();
+    cell.isConverged = cell.solved.solveStrains(constituents, kResponseSettings);
+    cell.moduliKey = key;
+    ++solvedCells_;
   }
-  cell.fields = {};
-  cell.solver.solve(materials, ThermalCase::without, {}, cell.fields);
-  cell.moduliKey = key;
-  ++solvedCells_;
 }
 
 }  // namespace kx

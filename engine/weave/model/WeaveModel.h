@@ -7,13 +7,16 @@
 #include <vector>
 
 #include "parallel/ThreadPool.h"
-#include "weave/cell/CellAverages.h"
-#include "weave/cell/CellSolver.h"
-#include "weave/model/WeaveDescription.h"
+#include "weave/model/WeaveCell.h"
 
 namespace kx {
 
 /// Homogenises woven plies, and remembers what it has solved.
+///
+///     WeaveModel model(ThreadPool::defaultThreads());
+///     WeaveDescription weave{5, 0.4, 0.4, 0.65};  // 5-harness satin: fill, warp, fiber in the
+///     tows const auto response = model.response(weave, WeaveConstituents::uniform(fiber, matrix));
+///     propertiesFromCompliance(response.compliance, response.expansion).e11;
 ///
 /// Results are functions of the arguments alone: what is remembered has the bits that solving again
 /// would give. A weave whose fill and warp are exchanged is solved once for both.
@@ -40,20 +43,16 @@ class WeaveModel {
     CellResponse response;
   };
   struct Cell {
-    Cell(const WeaveDescription& weave, ThreadPool& team)
-        : unit(weave.unitCell()), solver(unit, team) {}
+    Cell(const WeaveDescription& weave, ThreadPool& team) : solved(weave, team) {}
     Key weaveKey;
     Key moduliKey;
-    UnitCell unit;
-    CellSolver solver;
-    CellFields fields;  ///< of the six strains
+    WeaveCell solved;
+    bool isConverged = true;
   };
 
   CellResponse solve(const WeaveDescription& weave, const WeaveConstituents& constituents);
   Cell& cellOf(const WeaveDescription& weave);
-  void solveStrains(Cell& cell,
-                    const WeaveConstituents& constituents,
-                    const CellMaterials& materials);
+  void solveStrains(Cell& cell, const WeaveConstituents& constituents);
 
   ThreadPool team_;
   std::deque<Remembered> remembered_;

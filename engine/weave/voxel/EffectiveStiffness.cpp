@@ -10,32 +10,25 @@ namespace {
 // Sum of the stresses of voxel plane i under a unit strain of component `unit`.
 Vector6 planeStress(const MaterialField& materials,
                     const PairField& field,
-                    const std::size_t lane,
+                    const std::ptrdiff_t lane,
                     const Eigen::Index unit,
                     const int i) {
   const GridShape& shape = materials.shape();
-  const auto n3 = static_cast<std::size_t>(shape.n3);
-  const std::size_t count = static_cast<std::size_t>(shape.n2) * n3;
-  std::vector<double> strains(6 * count);
+  const std::ptrdiff_t count = std::ptrdiff_t{shape.n2} * shape.n3;
+  std::vector<double> strains(static_cast<std::size_t>(kernels::kStrainRows * count));
   planeGradients(field, lane, i, strains.data());
-  const std::int32_t* const rows = materials.rowRuns(i);
   Vector6 sum = Vector6::Zero();
-  for (int j = 0; j < shape.n2; ++j) {
-    for (std::int32_t run = rows[j]; run < rows[j + 1]; ++run) {
-      const int begin = materials.runs()[run].begin;
-      const int end = run + 1 < rows[j + 1] ? materials.runs()[run + 1].begin : shape.n3;
-      Vector6 strain = Vector6::Zero();
-      strain(unit) = end - begin;
-      for (Eigen::Index c = 0; c < 6; ++c) {
-        const double* const row =
-            strains.data() + static_cast<std::size_t>(c) * count + static_cast<std::size_t>(j) * n3;
-        for (int k = begin; k < end; ++k) {
-          strain(c) += row[k];
-        }
+  materials.forEachRun(i, [&](const int j, const int begin, const int end, const auto material) {
+    Vector6 strain = Vector6::Zero();
+    strain(unit) = end - begin;
+    for (Eigen::Index c = 0; c < 6; ++c) {
+      const double* const row = strains.data() + c * count + std::ptrdiff_t{j} * shape.n3;
+      for (int k = begin; k < end; ++k) {
+        strain(c) += row[k];
       }
-      sum += materials.stiffness(materials.runs()[run].material) * strain;
     }
-  }
+    sum += materials.stiffness(material) * strain;
+  });
   return sum;
 }
 
@@ -57,7 +50,8 @@ EffectiveStiffness effectiveStiffness(const MaterialField& materials,
       const auto unit = static_cast<Eigen::Index>(first + lane);
       std::vector<Vector6> planes(static_cast<std::size_t>(shape.n1));
       team.forEach(planes.size(), [&](const std::size_t i) {
-        planes[i] = planeStress(materials, field, lane, unit, static_cast<int>(i));
+        planes[i] = planeStress(
+            materials, field, static_cast<std::ptrdiff_t>(lane), unit, static_cast<int>(i));
       });
       for (const Vector6& plane : planes) {
         result.stiffness.col(unit) += plane;

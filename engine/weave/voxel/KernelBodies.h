@@ -69,8 +69,10 @@ void dot(const std::int64_t count, const double* const a, const double* const b,
   sums[1] = first[1] + first[3];
 }
 
+constexpr int kInPlane[3] = {0, 1, 3};  // components 11, 22, 12
+
 constexpr int kBefore = 4;  // room for the voxel before the first, keeping alignment
-constexpr int kRowCount = 36;
+constexpr int kRowCount = 42;
 
 // Each row of scratch is long enough for a row of nodes, its periodic continuation and the excess
 // of the last vector.
@@ -83,9 +85,11 @@ struct Rows {
   double* sum[2][3];         ///< far plus near nodes, of this and the next row of nodes
   double* difference[2][3];  ///< far minus near nodes, likewise
   double* strain[6];
-  double* stress[6];  ///< kBefore into the row
-  double* along[3];   ///< forces that a row of voxels leaves to the next row of nodes: of strains
-  double* across[3];  ///< along axes 2 and 3, and along axis 1
+  double* bending[3];  ///< these and `strain` are kStrainRows rows one after the other
+  double* lower[6];    ///< stress, kBefore into the row; 11, 22, 12 as the lower nodes meet them
+  double* upper[6];    ///< as the upper nodes meet them; the same rows but for 11, 22, 12
+  double* along[3];    ///< forces that a row of voxels leaves to the next row of nodes: of strains
+  double* across[3];   ///< along axes 2 and 3, and along axis 1
   double* firstAlong[3];  ///< those on the first row of nodes, which waits for the last voxels
   double* firstAcross[3];
 
@@ -102,14 +106,20 @@ struct Rows {
     take(difference[0], 3);
     take(difference[1], 3);
     take(strain, 6);
-    take(stress, 6);
+    take(bending, 3);
+    take(lower, 6);
+    for (int c = 0; c < 6; ++c) {
+      lower[c] += kBefore;
+      upper[c] = lower[c];
+    }
+    for (const int c : kInPlane) {
+      take(upper + c, 1);
+      upper[c] += kBefore;
+    }
     take(along, 3);
     take(across, 3);
     take(firstAlong, 3);
     take(firstAcross, 3);
-    for (double*& row : stress) {
-      row += kBefore;
-    }
   }
 };
 
@@ -143,6 +153,7 @@ inline void foldPlanes(const PlaneJob& job, const int j, const Rows& rows, const
 
 struct Gradient {
   Vec d1, d2, d3;
+  Vec bent1, bent2;  // d1 and d2 at the upper face less those in the middle
 };
 
 inline Gradient gradientAt(const double* const sum0,
@@ -155,11 +166,16 @@ inline Gradient gradientAt(const double* const sum0,
   const Vec s01 = load(sum0 + t + 2);
   const Vec s10 = load(sum1 + t);
   const Vec s11 = load(sum1 + t + 2);
-  const Vec x = (load(difference0 + t) + load(difference1 + t)) +
-                (load(difference0 + t + 2) + load(difference1 + t + 2));
-  const Vec y = (s10 - s00) + (s11 - s01);
+  const Vec x0 = load(difference0 + t) + load(difference1 + t);
+  const Vec x1 = load(difference0 + t + 2) + load(difference1 + t + 2);
+  const Vec y0 = s10 - s00;
+  const Vec y1 = s11 - s01;
   const Vec z = (s01 + s11) - (s00 + s10);
-  return {scale[0] * x, scale[1] * y, scale[2] * z};
+  return {scale[0] * (x1 + x0),
+          scale[1] * (y1 + y0),
+          scale[2] * z,
+          scale[0] * (x1 - x0),
+          scale[1] * (y1 - y0)};
 }
 
 // Strains of the voxel row between the node rows in `slot` and 1 - slot.
@@ -183,6 +199,9 @@ inline void strainRow(const PlaneJob& job, const Rows& rows, const int slot) {
     store(rows.strain[3] + t, g[0].d2 + g[1].d1);
     store(rows.strain[4] + t, g[0].d3 + g[2].d1);
     store(rows.strain[5] + t, g[1].d3 + g[2].d2);
+    store(rows.bending[0] + t, g[0].bent1);
+    store(rows.bending[1] + t, g[1].bent2);
+    store(rows.bending[2] + t, g[0].bent2 + g[1].bent1);
   }
 }
 
@@ -196,6 +215,8 @@ inline void addUnitStrain(const PlaneJob& job, const Rows& rows) {
   }
 }
 
+// Stress at the middle of the voxels of a run, and at 11, 22, 12 what the faces' nodes meet: of two
+// integration points along axis 3.
 inline void stressOfRun(const double* const c, const Rows& rows, const int from, const int to) {
   for (int t = from; t < to; t += kWidth) {
     const Vec e0 = load(rows.strain[0] + t);
@@ -204,17 +225,26 @@ inline void stressOfRun(const double* const c, const Rows& rows, const int from,
     const Vec e3 = load(rows.strain[3] + t);
     const Vec e4 = load(rows.strain[4] + t);
     const Vec e5 = load(rows.strain[5] + t);
-    store(rows.stress[0] + t,
-          (c[0] * e0 + c[1] * e1 + c[2] * e2) + (c[3] * e3 + c[4] * e4 + c[5] * e5));
-    store(rows.stress[1] + t,
-          (c[1] * e0 + c[6] * e1 + c[7] * e2) + (c[8] * e3 + c[9] * e4 + c[10] * e5));
-    store(rows.stress[2] + t,
+    const Vec b0 = kBendingShare * load(rows.bending[0] + t);
+    const Vec b1 = kBendingShare * load(rows.bending[1] + t);
+    const Vec b3 = kBendingShare * load(rows.bending[2] + t);
+    const Vec s0 = (c[0] * e0 + c[1] * e1 + c[2] * e2) + (c[3] * e3 + c[4] * e4 + c[5] * e5);
+    const Vec s1 = (c[1] * e0 + c[6] * e1 + c[7] * e2) + (c[8] * e3 + c[9] * e4 + c[10] * e5);
+    const Vec s3 = (c[3] * e0 + c[8] * e1 + c[12] * e2) + (c[15] * e3 + c[16] * e4 + c[17] * e5);
+    const Vec m0 = c[0] * b0 + c[1] * b1 + c[3] * b3;
+    const Vec m1 = c[1] * b0 + c[6] * b1 + c[8] * b3;
+    const Vec m3 = c[3] * b0 + c[8] * b1 + c[15] * b3;
+    store(rows.lower[0] + t, s0 - m0);
+    store(rows.upper[0] + t, s0 + m0);
+    store(rows.lower[1] + t, s1 - m1);
+    store(rows.upper[1] + t, s1 + m1);
+    store(rows.lower[3] + t, s3 - m3);
+    store(rows.upper[3] + t, s3 + m3);
+    store(rows.lower[2] + t,
           (c[2] * e0 + c[7] * e1 + c[11] * e2) + (c[12] * e3 + c[13] * e4 + c[14] * e5));
-    store(rows.stress[3] + t,
-          (c[3] * e0 + c[8] * e1 + c[12] * e2) + (c[15] * e3 + c[16] * e4 + c[17] * e5));
-    store(rows.stress[4] + t,
+    store(rows.lower[4] + t,
           (c[4] * e0 + c[9] * e1 + c[13] * e2) + (c[16] * e3 + c[18] * e4 + c[19] * e5));
-    store(rows.stress[5] + t,
+    store(rows.lower[5] + t,
           (c[5] * e0 + c[10] * e1 + c[14] * e2) + (c[17] * e3 + c[19] * e4 + c[20] * e5));
   }
 }
@@ -225,11 +255,16 @@ inline void relieveThermalStress(const double* const thermalStress,
                                  const int from,
                                  const int to) {
   const Vec temperatures = twice(temperature);
-  for (int c = 0; c < 6; ++c) {
-    double* const stress = rows.stress[c];
+  const auto relieve = [&](double* const stress, const int c) {
     for (int t = from; t < to; t += kWidth) {
       store(stress + t, load(stress + t) - thermalStress[c] * temperatures);
     }
+  };
+  for (int c = 0; c < 6; ++c) {
+    relieve(rows.lower[c], c);
+  }
+  for (const int c : kInPlane) {
+    relieve(rows.upper[c], c);
   }
 }
 
@@ -251,8 +286,7 @@ inline void stressRow(const PlaneJob& job, const int j, const Rows& rows) {
     }
   }
   for (int c = 0; c < 6; ++c) {
-    double* const stress = rows.stress[c];
-    storePair(stress - 2, loadPair(stress + m - 2));
+    storePair(rows.upper[c] - 2, loadPair(rows.upper[c] + m - 2));
   }
 }
 
@@ -284,13 +318,15 @@ constexpr int kTraction[3][3] = {{0, 3, 4}, {3, 1, 5}, {4, 5, 2}};
 inline void forceRow(const PlaneJob& job, const int j, const Rows& rows) {
   const int m = 2 * job.n3;
   for (int c = 0; c < 3; ++c) {
-    const double* const s1 = rows.stress[kTraction[c][0]];
-    const double* const s2 = rows.stress[kTraction[c][1]];
-    const double* const s3 = rows.stress[kTraction[c][2]];
+    const double* const upper1 = rows.upper[kTraction[c][0]];
+    const double* const lower1 = rows.lower[kTraction[c][0]];
+    const double* const upper2 = rows.upper[kTraction[c][1]];
+    const double* const lower2 = rows.lower[kTraction[c][1]];
+    const double* const s3 = rows.lower[kTraction[c][2]];
     const ForceRow forces(job, c, j);
     for (int t = 0; t < m; t += kWidth) {
-      const Vec x = job.scale[0] * (load(s1 + t - 2) + load(s1 + t));
-      const Vec y = job.scale[1] * (load(s2 + t - 2) + load(s2 + t));
+      const Vec x = job.scale[0] * (load(upper1 + t - 2) + load(lower1 + t));
+      const Vec y = job.scale[1] * (load(upper2 + t - 2) + load(lower2 + t));
       const Vec z = job.scale[2] * (load(s3 + t - 2) - load(s3 + t));
       const Vec along = z - y;
       if (j == 0) {
@@ -334,6 +370,23 @@ void voxelPlane(const PlaneJob& job) {
   closeFirstRow(job, rows);
 }
 
+void strainPlane(const PlaneJob& job, double* const strains) {
+  const Rows rows(job);
+  const std::int64_t m = std::int64_t{2} * job.n3;
+  foldPlanes(job, 0, rows, 0);
+  for (int j = 0; j < job.n2; ++j) {
+    const int slot = j & 1;
+    foldPlanes(job, j + 1 < job.n2 ? j + 1 : 0, rows, 1 - slot);
+    strainRow(job, rows, slot);
+    for (int c = 0; c < kStrainRows; ++c) {
+      const double* const row = rows.strain[0] + c * rowLength(job.n3);
+      __builtin_memcpy(strains + (std::int64_t{c} * job.n2 + j) * m,
+                       row,
+                       static_cast<std::size_t>(m) * sizeof(double));
+    }
+  }
+}
+
 // k1 of the wave vector opposite to k1's.
 inline int opposite(const SpectralJob& job, const int k1) {
   const int index = job.mirror - k1;
@@ -365,13 +418,14 @@ inline Inverse inverseAt(const SpectralJob& job, const WaveRow& row, const std::
   const Vec q1 = row.first * c3;
   const Vec q2 = row.second * c3;
   const Vec q3 = row.third * s3;
-  const Vec a = q1 * q1;
-  const Vec b = q2 * q2;
+  const Vec inPlane = c3 * c3 + kBendingShare * (s3 * s3);
+  const Vec a = row.first * row.first * inPlane;
+  const Vec b = row.second * row.second * inPlane;
   const Vec d = q3 * q3;
   const Vec k11 = c[0] * a + c[6] * b + c[7] * d;
   const Vec k22 = c[6] * a + c[1] * b + c[8] * d;
-  const Vec k33 = c[7] * a + c[8] * b + c[2] * d;
-  const Vec k12 = (c[3] + c[6]) * q1 * q2;
+  const Vec k33 = c[7] * (q1 * q1) + c[8] * (q2 * q2) + c[2] * d;
+  const Vec k12 = (c[3] + c[6]) * (row.first * row.second) * inPlane;
   const Vec k13 = (c[4] + c[7]) * q1 * q3;
   const Vec k23 = (c[5] + c[8]) * q2 * q3;
   const Vec m11 = k22 * k33 - k23 * k23;
@@ -379,7 +433,7 @@ inline Inverse inverseAt(const SpectralJob& job, const WaveRow& row, const std::
   const Vec m13 = k12 * k23 - k13 * k22;
   const Vec determinant = k11 * m11 + k12 * m12 + k13 * m13;
   const Vec none{};
-  const auto carries = a + b + d > none + job.nullMode;
+  const auto carries = q1 * q1 + q2 * q2 + d > none + job.nullMode;
   const Vec factor = carries ? job.normalisation / (carries ? determinant : none + 1.0) : none;
   return {factor * m11,
           factor * (k11 * k33 - k13 * k13),
@@ -526,7 +580,7 @@ void spectral(const SpectralJob& job, SpectralSums* const sums) {
 
 static_assert(planeScratch(8) == kRowCount * rowLength(8), "the rows fit the scratch");
 
-constexpr Table kTable{advance, voxelPlane, dot, spectral};
+constexpr Table kTable{advance, voxelPlane, strainPlane, dot, spectral};
 
 }  // namespace
 }  // namespace kx::kernels

@@ -19,9 +19,16 @@ struct Run {
 constexpr int kStiffnessSize = 21;  ///< upper triangle of a symmetric 6x6 matrix, row by row
 constexpr int kStressSize = 6;
 
+/// Share of the square of a strain that varies linearly along axis 3, from -1 to 1, in its mean.
+constexpr double kBendingShare = 1.0 / 3.0;
+
+/// Rows of strain of a voxel: the six components in its middle, then 11, 22, 12 at the upper face
+/// less those in the middle (bending).
+constexpr int kStrainRows = 9;
+
 /// Doubles of scratch that one plane job needs.
 constexpr std::int64_t planeScratch(const int n3) {
-  return 36 * (2 * std::int64_t{n3} + 16);
+  return 42 * (2 * std::int64_t{n3} + 16);
 }
 
 /// Unit load of the two lanes: strain[component][lane] and temperature[lane].
@@ -30,8 +37,9 @@ struct PairLoad {
   double temperature[2] = {};
 };
 
-/// Nodal forces of one plane of voxels: D^T C D u. The part on the far nodes (plane i + 1) is
-/// stored, the part on the near nodes (plane i) added to what the plane before has stored.
+/// Nodal forces of one plane of voxels: D^T C D u, with the in-plane strains 11, 22, 12 taken at
+/// two points along axis 3, the others in the middle of a voxel. The part on the far nodes (plane i
+/// + 1) is stored, the part on the near nodes (plane i) added to what the plane before has stored.
 struct PlaneJob {
   int n2 = 0;
   int n3 = 0;
@@ -86,6 +94,9 @@ struct Table {
                   double* direction,
                   double* solution);
   void (*voxelPlane)(const PlaneJob& job);
+  /// Strains of the plane's voxels: kStrainRows times n2 rows of n3 voxels, both lanes. Reads the
+  /// nodes of the job alone.
+  void (*strainPlane)(const PlaneJob& job, double* strains);
   /// sums[lane] = sum of a * b
   void (*dot)(std::int64_t count, const double* a, const double* b, double* sums);
   void (*spectral)(const SpectralJob& job, SpectralSums* sums);

@@ -50,12 +50,10 @@ Vector6 MaterialField::thermalStress(const std::int32_t material) const {
 
 std::vector<double> MaterialField::materialShares() const {
   std::vector<double> shares(static_cast<std::size_t>(materialCount()), 0.0);
-  for (std::size_t row = 0; row + 1 < rowRuns_.size(); ++row) {
-    for (std::int32_t run = rowRuns_[row]; run < rowRuns_[row + 1]; ++run) {
-      const auto r = static_cast<std::size_t>(run);
-      const std::int32_t end = run + 1 < rowRuns_[row + 1] ? runs_[r + 1].begin : shape_.n3;
-      shares[static_cast<std::size_t>(runs_[r].material)] += end - runs_[r].begin;
-    }
+  for (int i = 0; i < shape_.n1; ++i) {
+    forEachRun(i, [&](int /*j*/, const int begin, const int end, const std::int32_t material) {
+      shares[static_cast<std::size_t>(material)] += end - begin;
+    });
   }
   for (double& share : shares) {
     share /= static_cast<double>(shape_.voxels());

@@ -31,6 +31,19 @@ class MaterialField {
   Matrix6 meanStiffness() const;
   Vector6 meanThermalStress() const;
 
+  /// Calls visit(j, begin, end, material) for every run of equal voxels of plane i: those of row j
+  /// from k = begin to end - 1.
+  template <class Visit>
+  void forEachRun(const int i, const Visit& visit) const {
+    const std::int32_t* const rows = rowRuns(i);
+    for (int j = 0; j < shape_.n2; ++j) {
+      for (std::int32_t run = rows[j]; run < rows[j + 1]; ++run) {
+        const kernels::Run* const own = runs() + run;
+        visit(j, own->begin, run + 1 < rows[j + 1] ? own[1].begin : shape_.n3, own->material);
+      }
+    }
+  }
+
   /// For the kernels: of voxel plane i, n2 + 1 offsets into runs().
   const std::int32_t* rowRuns(int i) const;
   const kernels::Run* runs() const { return runs_.data(); }

@@ -5,6 +5,7 @@
 
 #include "weave/voxel/AlignedArray.h"
 #include "weave/voxel/GridShape.h"
+#include "weave/voxel/Kernels.h"
 
 namespace kx {
 
@@ -42,6 +43,10 @@ class PairField {
     return const_cast<double*>(static_cast<const PairField*>(this)->row(i, j, c));
   }
   const GridShape& shape() const { return shape_; }
+
+  /// What a kernel needs to know about the nodes of voxel plane i.
+  kernels::PlaneJob planeJob(int i) const;
+
   void clear() { values_.clear(); }
   bool isZero() const {
     const double* const end = values_.data() + values_.size();
@@ -53,9 +58,9 @@ class PairField {
   AlignedArray values_;
 };
 
-/// Strains of the voxels of plane i that one lane of a field makes: six rows, in Voigt's order, of
+/// Strains of the voxels of plane i that one lane of a field makes: kernels::kStrainRows rows of
 /// n2 * n3 values.
-void planeGradients(const PairField& field, std::size_t lane, int i, double* strains);
+void planeGradients(const PairField& field, std::ptrdiff_t lane, int i, double* strains);
 
 }  // namespace kx
 

@@ -89,18 +89,8 @@ void PairSolver::planeForces(const MaterialField& materials,
                              const bool nearPart,
                              const bool farPart,
                              const std::size_t worker) {
-  const GridShape& shape = basis_->shape;
-  const int next = plane + 1 < shape.n1 ? plane + 1 : 0;
-  kernels::PlaneJob job;
-  job.n2 = shape.n2;
-  job.n3 = shape.n3;
-  job.scale[0] = 0.25 / shape.h1;
-  job.scale[1] = 0.25 / shape.h2;
-  job.scale[2] = 0.25 / shape.h3;
-  job.nearNodes = nodes.plane(plane);
-  job.farNodes = nodes.plane(next);
-  job.farShift = next == 0 && shape.shift2 > 0 ? shape.n2 - shape.shift2 : 0;
-  job.componentStride = static_cast<std::int64_t>(nodes.componentStride());
+  const int next = plane + 1 < basis_->shape.n1 ? plane + 1 : 0;
+  kernels::PlaneJob job = nodes.planeJob(plane);
   job.rowRuns = materials.rowRuns(plane);
   job.runs = materials.runs();
   job.stiffness = materials.stiffnessData();
@@ -419,6 +409,7 @@ std::array<LaneReport, 2> PairSolver::solve(const MaterialField& materials,
   for (std::size_t lane = 0; lane < 2; ++lane) {
     const Progress::Lane& own = progress.lanes[lane];
     reports[lane] = own.report;
+    reports[lane].isConverged = own.done;
     if (active[lane] && own.cold > 0.0) {
       reports[lane].residual = std::sqrt(std::max(0.0, own.norm) / own.cold);
     }

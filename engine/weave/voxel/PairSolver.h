@@ -16,15 +16,16 @@
 namespace kx {
 
 struct SolveSettings {
-  double tolerance =
-      1e-4;  ///< of the residual's energy norm, relative to that at zero displacement
+  /// Of the residual's energy norm, relative to that at zero displacement.
+  double tolerance = 1e-4;
   int mostIterations = 3000;
 };
 
 /// One lane's outcome.
 struct LaneReport {
   int iterations = 0;
-  double residual = 0.0;  ///< energy norm at the end, relative to that at zero displacement
+  double residual = 0.0;    ///< energy norm at the end, relative to that at zero displacement
+  bool isConverged = true;  ///< false: mostIterations were not enough
 };
 
 /// Periodic displacement fluctuations of a heterogeneous cell under unit loads, two load cases at

@@ -23,61 +23,43 @@ void expectNear(const Properties& found, const Properties& expected, const doubl
   }
 }
 
-TEST(CellResponse, AgreesWithAnIndependentVoxelCodeOnTheSameGrid) {
-  // Ten digits are given; both codes stop at residuals that leave 3e-6 in the moduli and
-  // some 1e-5 in Poisson's ratios and expansions.
-  for (const auto& entry : referenceWeaves()) {
-    const auto resolution = entry.at("levels").at(0);
-    if (resolution.at(1).get<int>() % 2 != 0) {  // not a grid of ours
-      continue;
-    }
-    const auto reference = test::referenceWeave(entry);
-    SCOPED_TRACE(entry.at("name").get<std::string>());
-    const CellResponse response = respond(
-        reference.weave, reference.constituents, {resolution.at(0), resolution.at(1)}, 1e-4, 2);
-    expectNear(propertiesOf(response), test::propertiesFrom(entry.at("values").at(0)), 3e-5);
-  }
+// The constants of the two usual grids, extrapolated.
+CellResponse usualResponse(const test::ReferenceWeave& reference) {
+  const auto means = [&](const CellResolution& grid) {
+    ThreadPool team(2);
+    const UnitCell cell(reference.weave.geometry(), grid);
+    const CellMaterials materials(cell, reference.constituents);
+    CellSolver solver(cell, team);
+    CellFields fields;
+    SolveSettings settings;
+    settings.tolerance = 1e-3;
+    solver.solve(materials, ThermalCase::with, settings, fields);
+    return cellMeans(materials, fields, team);
+  };
+  return cellResponse(extrapolated(means(kFineGrid), means(kCoarseGrid)));
 }
 
-// Deviation allowed of each constant from the value extrapolated to an infinitely fine grid; the
-// plain and satin default grids are chosen for these. The ratios are absolute, the uncertainty of
-// the extrapolation is added.
-TEST(CellResponse, DefaultGridsAreCloseToTheLimitOfFineGrids) {
-  const Properties tolerance{
-      0.015, 0.015, 0.01, 0.01, 0.01, 0.01, 0.015, 0.01, 0.01, 0.05, 0.05, 0.05};
+// Deviation allowed of each constant from the value that another element on fine grids gives,
+// extrapolated: what the two grids were chosen for, 2 % in a damaged cell. The uncertainty of the
+// reference's own extrapolation is added.
+TEST(CellResponse, IsCloseToTheLimitOfFineGrids) {
+  const Properties intact{
+      0.003, 0.003, 0.01, 0.02, 0.02, 0.02, 0.003, 0.01, 0.01, 0.02, 0.02, 0.02};
   for (const auto& entry : referenceWeaves()) {
     const auto reference = test::referenceWeave(entry);
     SCOPED_TRACE(entry.at("name").get<std::string>());
-    const int tows = reference.weave.geometry().pattern().tows();
-    const Properties found = propertiesOf(
-        respond(reference.weave, reference.constituents, defaultResolution(tows), 1e-4, 2));
+    const Properties found = propertiesOf(usualResponse(reference));
     const Properties limit = test::propertiesFrom(entry.at("extrapolated"));
     const Properties uncertainty = test::propertiesFrom(entry.at("uncertainty_rel"));
+    const bool isDamaged = !entry.at("degradation").empty();
+    const bool isSlender = reference.weave.geometry().towWidth() < 1.0;
     for (const auto member : kPropertyOrder<double>) {
-      const bool ratio =
-          member == &Properties::v12 || member == &Properties::v13 || member == &Properties::v23;
-      // The ratio between damaged states' expansions is close to zero: degraded cases get 5 %
-      // of the size that matters, the intact cell's.
-      const double size = ratio ? 1.0 : std::abs(limit.*member);
-      EXPECT_NEAR(found.*member,
-                  limit.*member,
-                  tolerance.*member * size + uncertainty.*member * std::abs(limit.*member));
+      // Tows that leave gaps end in wedges, which a grid meets less well: 0.5 % in G12.
+      const double own = isSlender && member == &Properties::g12 ? 0.005 : intact.*member;
+      const double relative = (isDamaged ? 0.02 : own) + uncertainty.*member;
+      EXPECT_NEAR(found.*member, limit.*member, relative * std::abs(limit.*member));
     }
   }
-}
-
-TEST(CellResponse, DistanceToTheLimitHalvesWithTheVoxelSize) {
-  const auto reference = test::referenceWeave(referenceWeaves().at(0));
-  const Properties limit = test::propertiesFrom(referenceWeaves().at(0).at("extrapolated"));
-  const auto distance = [&](const int perTow, const int throughThickness) {
-    const CellResponse response =
-        respond(reference.weave, reference.constituents, {perTow, throughThickness}, 1e-4, 2);
-    return std::abs(propertiesOf(response).e11 - limit.e11);
-  };
-  const double coarse = distance(12, 10);
-  const double fine = distance(24, 20);
-  EXPECT_LT(fine, 0.6 * coarse);
-  EXPECT_GT(fine, 0.4 * coarse);
 }
 
 TEST(CellResponse, ConcentrationsAreCloseToThoseOfFineGrids) {
@@ -87,9 +69,7 @@ TEST(CellResponse, ConcentrationsAreCloseToThoseOfFineGrids) {
     }
     const auto reference = test::referenceWeave(entry);
     SCOPED_TRACE(entry.at("name").get<std::string>());
-    const int tows = reference.weave.geometry().pattern().tows();
-    const CellResponse response =
-        respond(reference.weave, reference.constituents, defaultResolution(tows), 1e-4, 2);
+    const CellResponse response = usualResponse(reference);
     const auto expectClose = [&](const Concentration& found, const char* name, const double bound) {
       SCOPED_TRACE(name);
       const auto& expected = entry.at("decomposition").at(name);
@@ -167,7 +147,7 @@ TEST_F(CellIdentities, ThermalSolveAndLevinsRelationAgree) {
   settings.tolerance = 1e-7;
   CellFields fields;
   solver.solve(materials, ThermalCase::with, settings, fields);
-  const CellResponse response = cellResponse(materials, fields, team);
+  const CellResponse response = cellResponse(cellMeans(materials, fields, team));
   const CellSensitivity sensitivity = cellSensitivity(materials, fields, team);
   Vector6 beta = Vector6::Zero();
   for (std::size_t r = 0; r < kCellPhases; ++r) {

@@ -25,7 +25,7 @@ class CellSensitivityTest : public ::testing::Test {
     settings.tolerance = 1e-9;
     CellFields fields;
     solver.solve(materials, ThermalCase::with, settings, fields);
-    return {cellResponse(materials, fields, team).stiffness,
+    return {cellResponse(cellMeans(materials, fields, team)).stiffness,
             cellSensitivity(materials, fields, team)};
   }
 

@@ -18,7 +18,11 @@ PhaseStiffness turned(const TransverselyIsotropic& solid, const Frame& frame) {
 struct Voxel {
   std::array<double, kCellPhases> fractions;
   std::array<PhaseStiffness, kCellPhases> phases;
-  CompositeVoxel mixture() const { return {fractions, {&phases[0], &phases[1], &phases[2]}}; }
+  Frame interface = Frame::Identity();
+
+  CompositeVoxel mixture() const {
+    return {fractions, {&phases[0], &phases[1], &phases[2]}, interface};
+  }
 };
 
 Voxel randomVoxel(test::RandomMaterials& random) {
@@ -44,6 +48,23 @@ TEST(CompositeVoxel, PhaseStrainsAverageToTheVoxels) {
     EXPECT_LT((strain - Matrix6::Identity()).norm(), 1e-12);
     EXPECT_LT(thermal.norm(), 1e-17);  // of expansions of the order of 1e-5
   }
+}
+
+TEST(CompositeVoxel, TurnsWithItsInterface) {
+  test::RandomMaterials random(6);
+  const Frame frame = fillFrame(0.3) * warpFrame(-0.2);
+  const Matrix6 turn = strainTransform(frame);
+  Voxel voxel = randomVoxel(random);
+  const PhaseStiffness level = voxel.mixture().overall();
+  for (PhaseStiffness& phase : voxel.phases) {
+    phase = {rotateStiffness(phase.c, turn), rotateStress(phase.beta, turn)};
+  }
+  voxel.interface = frame;
+  const PhaseStiffness inclined = voxel.mixture().overall();
+  const Matrix6 expected = rotateStiffness(level.c, turn);
+  const Vector6 thermal = rotateStress(level.beta, turn);
+  EXPECT_LT((inclined.c - expected).norm(), 1e-12 * expected.norm());
+  EXPECT_LT((inclined.beta - thermal).norm(), 1e-12 * thermal.norm());
 }
 
 TEST(CompositeVoxel, LayersShareTheTractionsOnTheirFaces) {

