@@ -49,15 +49,88 @@ void withWeaves(const Work& work) {
   work(rest.weaves);
 }
 
-/// Writes one slot of a decomposition block and returns the next.
-double* writeSlot(const kx::Concentration& concentration, double* slot) {
-  slot = std::copy_n(concentration.stress.data(), 36, slot);  // Eigen stores by columns
-  slot = std::copy_n(concentration.strain.data(), 36, slot);
-  slot = std::copy_n(concentration.thermalStress.data(), 6, slot);
-  return std::copy_n(concentration.thermalStrain.data(), 6, slot);
+/// What a damage state is of.
+struct DamageQuestion {
+  kx::WeaveDescription weave;
+  kx::Constituents materials;
+  kx::DamageCodes codes;
+  kx::DegradationFactors factors;
+};
+
+/// Where the answer of WEAVE_DAMAGE_STATE goes.
+struct DamageAnswer {
+  double* composite;
+  double* pocket;
+  double* fill;
+  double* warp;
+  double* fillFiber;
+  double* fillMatrix;
+  double* warpFiber;
+  double* warpMatrix;
+  double* unitCellBlock;
+  double* fillBlock;
+  double* warpBlock;
+};
+
+void writeSlot(const kx::Concentration& phase, double* const block, const std::size_t slot) {
+  double* const first = block + KX_SLOT_LENGTH * slot;
+  std::copy_n(phase.stress.data(), 36, first + KX_SLOT_STRESS);  // Eigen stores by columns
+  std::copy_n(phase.strain.data(), 36, first + KX_SLOT_STRAIN);
+  std::copy_n(phase.thermalStress.data(), 6, first + KX_SLOT_THERMAL_STRESS);
+  std::copy_n(phase.thermalStrain.data(), 6, first + KX_SLOT_THERMAL_STRAIN);
 }
 
-constexpr std::size_t kSlot = 84;
+void write(const kx::DamageState& state, const DamageAnswer& to) {
+  kx::copyTo(state.composite, to.composite);
+  kx::copyTo(state.pocket, to.pocket);
+  kx::copyTo(state.fill, to.fill);
+  kx::copyTo(state.warp, to.warp);
+  kx::copyTo(state.fillFiber, to.fillFiber);
+  kx::copyTo(state.fillMatrix, to.fillMatrix);
+  kx::copyTo(state.warpFiber, to.warpFiber);
+  kx::copyTo(state.warpMatrix, to.warpMatrix);
+  writeSlot(state.inFill, to.unitCellBlock, KX_CELL_FILL);
+  writeSlot(state.inPocket, to.unitCellBlock, KX_CELL_POCKET);
+  writeSlot(state.inWarp, to.unitCellBlock, KX_CELL_WARP);
+  writeSlot(state.inInterface, to.unitCellBlock, KX_CELL_INTERFACE);
+  writeSlot(state.fiberInFill, to.fillBlock, KX_TOW_FIBER);
+  writeSlot(state.matrixInFill, to.fillBlock, KX_TOW_MATRIX);
+  writeSlot(state.fiberInWarp, to.warpBlock, KX_TOW_FIBER);
+  writeSlot(state.matrixInWarp, to.warpBlock, KX_TOW_MATRIX);
+}
+
+/// NaN everywhere where there is no model.
+void answer(const DamageQuestion& question, const DamageAnswer& to) {
+  const kx::Outputs outputs{{to.composite, KX_PROPERTY_COUNT},
+                            {to.pocket, KX_PROPERTY_COUNT},
+                            {to.fill, KX_PROPERTY_COUNT},
+                            {to.warp, KX_PROPERTY_COUNT},
+                            {to.fillFiber, KX_PROPERTY_COUNT},
+                            {to.fillMatrix, KX_PROPERTY_COUNT},
+                            {to.warpFiber, KX_PROPERTY_COUNT},
+                            {to.warpMatrix, KX_PROPERTY_COUNT},
+                            {to.unitCellBlock, KX_CELL_BLOCK_LENGTH},
+                            {to.fillBlock, KX_TOW_BLOCK_LENGTH},
+                            {to.warpBlock, KX_TOW_BLOCK_LENGTH}};
+  kx::guarded(outputs, [&] {
+    kx::fillWith(std::numeric_limits<double>::quiet_NaN(), outputs);
+    const kx::Constituents& materials = question.materials;
+    if (!makeAPly(question.weave, materials)) {
+      return;
+    }
+    withWeaves([&](kx::WeaveModel& weaves) {
+      const auto state = kx::damageState(weaves,
+                                         question.weave,
+                                         materials.fiber,
+                                         materials.matrix,
+                                         question.codes,
+                                         question.factors);
+      if (kx::isAdmissible(state)) {
+        write(state, to);
+      }
+    });
+  });
+}
 
 }  // namespace
 
@@ -175,55 +248,25 @@ void WEAVE_DAMAGE_STATE(int32_t* pocketCode,
                         const char* /*text3*/,
                         const int32_t* /*zero*/,
                         const int32_t* /*satin*/) {
-  if (!kx::areGiven(pocketCode, fillCode, warpCode, harness) ||
-      !kx::areGiven(towFractions, fiberFractionInTow, fiber, matrix) ||
-      !kx::areGiven(fiberDegradation, matrixDegradation, composite, matrixPocket, fill, warp) ||
-      !kx::areGiven(fillFiber, fillMatrix, warpFiber, warpMatrix) ||
+  if (!kx::areGiven(pocketCode, fillCode, warpCode, harness, towFractions, fiberFractionInTow) ||
+      !kx::areGiven(fiber, matrix, fiberDegradation, matrixDegradation, composite, matrixPocket) ||
+      !kx::areGiven(fill, warp, fillFiber, fillMatrix, warpFiber, warpMatrix) ||
       !kx::areGiven(unitCellBlock, fillBlock, warpBlock)) {
     return;
   }
-  constexpr std::size_t kSet = kx::kPropertyCount;
-  const kx::Outputs outputs{{composite, kSet},
-                            {matrixPocket, kSet},
-                            {fill, kSet},
-                            {warp, kSet},
-                            {fillFiber, kSet},
-                            {fillMatrix, kSet},
-                            {warpFiber, kSet},
-                            {warpMatrix, kSet},
-                            {unitCellBlock, 4 * kSlot},
-                            {fillBlock, 2 * kSlot},
-                            {warpBlock, 2 * kSlot}};
-  kx::guarded(outputs, [&] {
-    kx::fillWith(std::numeric_limits<double>::quiet_NaN(), outputs);
-    const auto weave = weaveFrom(harness, towFractions, fiberFractionInTow);
-    const auto materials = constituentsFrom(fiber, matrix);
-    if (!makeAPly(weave, materials)) {
-      return;
-    }
-    withWeaves([&](kx::WeaveModel& weaves) {
-      const auto state = kx::damageState(weaves,
-                                         weave,
-                                         materials.fiber,
-                                         materials.matrix,
-                                         {*pocketCode, *fillCode, *warpCode},
-                                         {*fiberDegradation, *matrixDegradation});
-      if (!kx::isAdmissible(state)) {
-        return;
-      }
-      kx::copyTo(state.composite, composite);
-      kx::copyTo(state.pocket, matrixPocket);
-      kx::copyTo(state.fill, fill);
-      kx::copyTo(state.warp, warp);
-      kx::copyTo(state.fillFiber, fillFiber);
-      kx::copyTo(state.fillMatrix, fillMatrix);
-      kx::copyTo(state.warpFiber, warpFiber);
-      kx::copyTo(state.warpMatrix, warpMatrix);
-      writeSlot(state.inInterface,
-                writeSlot(state.inWarp,
-                          writeSlot(state.inPocket, writeSlot(state.inFill, unitCellBlock))));
-      writeSlot(state.matrixInFill, writeSlot(state.fiberInFill, fillBlock));
-      writeSlot(state.matrixInWarp, writeSlot(state.fiberInWarp, warpBlock));
-    });
-  });
+  answer({weaveFrom(harness, towFractions, fiberFractionInTow),
+          constituentsFrom(fiber, matrix),
+          {*pocketCode, *fillCode, *warpCode},
+          {*fiberDegradation, *matrixDegradation}},
+         {composite,
+          matrixPocket,
+          fill,
+          warp,
+          fillFiber,
+          fillMatrix,
+          warpFiber,
+          warpMatrix,
+          unitCellBlock,
+          fillBlock,
+          warpBlock});
 }

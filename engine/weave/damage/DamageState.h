@@ -18,9 +18,9 @@ struct DamageCodes {
   std::int32_t warp = 0;
 };
 
-/// Factors on all moduli of a failed phase. Outside of (0, 1], or not a number, a factor is not
+/// Factors on all moduli of a failed phase. A factor of 0 or less, or that is not a number, is not
 /// given, and 0.1 (matrix) or 0.01 (fiber) stands in; factors below 1e-4 count as 1e-4, which
-/// bounds the time of a solve.
+/// bounds the time of a solve, those above 1 as 1.
 struct DegradationFactors {
   double fiber = 0.0;
   double matrix = 0.0;
