@@ -47,7 +47,7 @@
 ///
 /// Failures. No exception may leave a function: its callers are C. What could not be computed is
 /// NaN. A NaN in lamina, fiber or matrix after a fit, or in a property set of a damage state, ends
-/// the run with exit code 2, the environment's name, and no data file. In errors, rows, prefail
+/// the run with exit code 2, the environment's number, and no data file. In errors, rows, prefail
 /// constants and blocks a NaN is written as it is.
 
 #include <stdint.h>  // NOLINT(modernize-deprecated-headers): C reads this header as well

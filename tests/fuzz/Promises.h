@@ -11,7 +11,7 @@
 /// ends with a text where an answer keeps no promise.
 namespace lamcraft::fuzz {
 
-/// Constituents that make no ply, or a fit with no sense, are left as they were. Others come back
+/// Constituents that make no ply, or a fit with no sense, come back as no numbers. Others come back
 /// admissible, in their symmetry and their bounds, with the composite that they give and its error.
 /// `isFlagged`: the matrix was said to be isotropic.
 void requirePromised(const kx::test::UniOptimization& before,
@@ -24,7 +24,7 @@ void requirePromised(const kx::test::WeaveOptimization& before,
 /// A law that falls from 1, or none and a reason.
 void requirePromised(const kx::test::ShearReduction& call);
 
-/// Admissible parts of a woven ply, or all zeros where the numbers make none.
+/// Admissible parts of a woven ply, or no numbers at all where those given make none.
 void requirePromised(const kx::test::WeaveDamageState& before,
                      const kx::test::WeaveDamageState& after,
                      bool isFlagged);
