@@ -52,7 +52,7 @@ bool isFinite(const Concentration& phase) noexcept {
 bool isAdmissible(const DamageState& state) noexcept {
   const auto admissible = [](const auto&... sets) { return (... && isAdmissible(sets)); };
   const auto finite = [](const auto&... phases) { return (... && isFinite(phases)); };
-  return admissible(state.composite, state.pocket, state.fill, state.warp) &&
+  return state.isConverged && admissible(state.composite, state.pocket, state.fill, state.warp) &&
          admissible(state.fillFiber, state.fillMatrix, state.warpFiber, state.warpMatrix) &&
          finite(state.inPocket, state.inFill, state.inWarp, state.inInterface) &&
          finite(state.fiberInFill, state.matrixInFill, state.fiberInWarp, state.matrixInWarp);
@@ -74,6 +74,7 @@ DamageState damageState(WeaveModel& model,
   const auto inFill = homogenise(fill.fiber, fill.matrix, weave.fiberFraction);
   const auto inWarp = homogenise(warp.fiber, warp.matrix, weave.fiberFraction);
   DamageState state;
+  state.isConverged = response.isConverged;
   state.composite = propertiesFromCompliance(response.compliance, response.expansion);
   state.pocket = properties(pocket);
   state.fill = properties(inFill.effective);

@@ -40,10 +40,12 @@ struct DamageState {
   /// Tow axes, in terms of the tow's strain and stress.
   Concentration fiberInFill, matrixInFill;
   Concentration fiberInWarp, matrixInWarp;
+
+  bool isConverged = true;  ///< false: fields of the cell did not reach their tolerance
 };
 
-/// True when all constants are admissible and all concentrations finite: they are not where the
-/// materials lie near the ends of the range of numbers.
+/// True when the fields converged, all constants are admissible and all concentrations finite: they
+/// are not where the materials lie near the ends of the range of numbers.
 bool isAdmissible(const DamageState& state) noexcept;
 
 /// Homogenises a woven ply in a damage state. A failed phase keeps its Poisson's ratios and

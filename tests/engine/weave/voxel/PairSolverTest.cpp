@@ -123,6 +123,19 @@ TEST(PairSolver, LanesDoNotDisturbEachOther) {
   EXPECT_LT(std::sqrt(difference / size), 1e-7);
 }
 
+TEST(PairSolver, SaysWhenTheIterationsWereNotEnough) {
+  const MaterialField field = test::scattered(GridShape{8, 10, 6, 0.1, 0.1, 0.03});
+  ThreadPool team(1);
+  PairSolver solver(std::make_shared<SpectralBasis>(field.shape()));
+  PairField solution(field.shape());
+  const auto few = solver.solve(field, strains(k11, k33), {true, true}, solution, {1e-6, 3}, team);
+  EXPECT_FALSE(few[0].isConverged);
+  EXPECT_FALSE(few[1].isConverged);
+  const auto all = solver.solve(field, strains(k11, k33), {true, true}, solution, {}, team);
+  EXPECT_TRUE(all[0].isConverged);
+  EXPECT_TRUE(all[1].isConverged);
+}
+
 TEST(PairSolver, StartsFromAGivenSolution) {
   const MaterialField field = test::scattered(GridShape{8, 10, 6, 0.1, 0.1, 0.03});
   Solution first = solve(field, strains(k11, k33), 1e-6);
