@@ -50,12 +50,16 @@ Object openInherited(const std::wstring& path, const DWORD access, const DWORD d
   return Object(file);
 }
 
-/// A word as programs take their command lines apart: in quotes, with backslashes doubled before a
-/// quote.
+/// A word as programs take their command lines apart: in quotes where it needs them, with
+/// backslashes doubled before a quote.
 std::wstring quoted(const std::string& word) {
+  const std::wstring wide = lamcraft::platform::widened(word);
+  if (!wide.empty() && wide.find_first_of(L" \t\"") == std::wstring::npos) {
+    return wide;
+  }
   std::wstring result = L"\"";
   std::size_t slashes = 0;
-  for (const wchar_t character : lamcraft::platform::widened(word)) {
+  for (const wchar_t character : wide) {
     if (character == L'"') {
       result.append(slashes + 1, L'\\');
     }

@@ -12,23 +12,26 @@ namespace {
 using lamcraft::test::contentOf;
 using lamcraft::test::TemporaryFolder;
 
+/// A command of the system's shell that ends with an exit code.
+ChildProcess ending(const TemporaryFolder& folder, const std::string& code) {
 #ifdef _WIN32
-ChildProcess shell(const TemporaryFolder& folder, const std::string& command) {
-  return {"C:\\windows\\system32\\cmd.exe", {"/c", command}, folder.file("console.txt"), {}};
-}
+  return {"C:\\windows\\system32\\cmd.exe", {"/c", "exit", code}, folder.file("console.txt"), {}};
 #else
-ChildProcess shell(const TemporaryFolder& folder, const std::string& command) {
-  return {"/bin/sh", {"-c", command}, folder.file("console.txt"), {}};
-}
+  return {"/bin/sh", {"-c", "exit " + code}, folder.file("console.txt"), {}};
 #endif
+}
 
 TEST(ChildProcess, ReturnsItsExitCode) {
   const TemporaryFolder folder;
-  EXPECT_EQ(runChild(shell(folder, "exit 0")).exitCode, 0);
-  EXPECT_EQ(runChild(shell(folder, "exit 7")).exitCode, 7);
+  EXPECT_EQ(runChild(ending(folder, "0")).exitCode, 0);
+  EXPECT_EQ(runChild(ending(folder, "7")).exitCode, 7);
 }
 
 #ifndef _WIN32  // these speak the language of a POSIX shell
+
+ChildProcess shell(const TemporaryFolder& folder, const std::string& command) {
+  return {"/bin/sh", {"-c", command}, folder.file("console.txt"), {}};
+}
 
 TEST(ChildProcess, WritesBothItsStreamsIntoOneFile) {
   const TemporaryFolder folder;
