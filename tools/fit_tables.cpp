@@ -153,7 +153,9 @@ void printMaterials(const std::vector<Ply>& plies) {
                "|---|---|---|---|---|\n";
   for (const Ply& ply : plies) {
     const auto three = [](const std::string& a, const std::string& b, const std::string& c) {
-      return " " + a + " / " + b + " / " + c + " |";
+      std::string text = " ";
+      text.append(a).append(" / ").append(b).append(" / ").append(c).append(" |");
+      return text;
     };
     const auto moduli = [&](double kx::MatrixModuli::*modulus, const int decimals) {
       const auto inGigapascal = [&](const kx::MatrixModuli& m) {

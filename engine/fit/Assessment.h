@@ -62,7 +62,7 @@ struct Uncertainty {
 };
 
 /// For residuals of the standard deviation `scatter` with the derivatives J at the answer, by
-/// unknowns whose start values have the standard deviation 1 (tarantola2005, section 3.2):
+/// unknowns whose start values have the standard deviation 1 (tarantola2005, chapter 3):
 /// an exact answer carries the scatter of the tests in full and keeps that of the start in the
 /// directions that no test sees, J^+ scatter^2 J^+T + I - J^+ J; a compromise has the posterior
 /// covariance P = (J^T J / scatter^2 + I)^-1. Resolution: the diagonal of I - P.

@@ -119,6 +119,9 @@ std::optional<Assessment> assess(const double fiberFraction,
   }
   Assessment assessment;
   assessment.predicted = properties(laminaOf(start->constituents, fiberFraction));
+  if (!isFinite(assessment.predicted)) {
+    return std::nullopt;
+  }
   assessment.target = given.lamina;
   assessment.startMatrix = matrixModuli(properties(start->constituents.matrix));
   assessment.fittedMatrix = matrixModuli(properties(answer->constituents.matrix));

@@ -307,6 +307,9 @@ std::optional<Assessment> assess(WeaveModel& model,
   const Constituents& materials = answer->constituents;
   Assessment assessment;
   assessment.predicted = plyOf(model, weave, start->constituents);
+  if (!isFinite(assessment.predicted)) {
+    return std::nullopt;
+  }
   assessment.target = given.lamina;
   assessment.startMatrix = matrixModuli(properties(start->constituents.matrix));
   assessment.fittedMatrix = matrixModuli(properties(materials.matrix));

@@ -13,7 +13,7 @@ namespace kx {
 /// mechanical constants that are given (> 0), then the expansions to those that are given (not 0).
 ///
 /// Every step solves the six strains of the unit cell once; their fields also give the derivatives
-/// of the ply's stiffness, exact to first order (hill1963, equations 2.2 and 3.3), so that the
+/// of the ply's stiffness, exact to first order (hill1963: the fields are stationary), so that the
 /// steps in between cost nothing. Of all constituents that give the ply those are taken that are
 /// nearest to the start values, each constant measured by its width (fit/Widths.h). Measured weaves
 /// often fit no geometry exactly; then the most probable compromise is taken, where a target of
