@@ -79,16 +79,26 @@ void solveEllipticWeave(benchmark::State& state) {
   solve(state, ellipticWeave(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
 }
 
-void solveUnitCell(benchmark::State& state) {
+void solveWeave(benchmark::State& state, const int harness, const kx::CellResolution& grid) {
   kx::WeaveDescription weave;
+  weave.harness = harness;
   weave.fillFraction = weave.warpFraction = 0.4;
   weave.fiberFraction = 0.7;
-  weave.resolution = {static_cast<int>(state.range(0)) / 2, static_cast<int>(state.range(1))};
   const kx::TransverselyIsotropic fiber{230e9, 15e9, 0.2, 0.25, 20e9, -5e-7, 1e-5};
   const auto constituents = kx::WeaveConstituents::uniform(fiber, kx::isotropic(3.5e9, 0.35, 5e-5));
-  const kx::UnitCell cell = weave.unitCell(weave.resolution);
+  const kx::UnitCell cell = weave.unitCell(grid);
   const kx::CellMaterials materials(cell, kx::cellConstituents(weave, constituents));
   solve(state, materials.field());
+}
+
+/// The fine grid that decks use, of a weave of `harness`.
+void solveUsualCell(benchmark::State& state) {
+  solveWeave(state, static_cast<int>(state.range(0)), kx::kFineGrid);
+}
+
+void solveUnitCell(benchmark::State& state) {
+  const auto perTow = static_cast<int>(state.range(0)) / 2;
+  solveWeave(state, 1, {perTow, static_cast<int>(state.range(1))});
 }
 
 void grids(benchmark::internal::Benchmark* bench) {
@@ -104,5 +114,10 @@ void grids(benchmark::internal::Benchmark* bench) {
 
 }  // namespace
 
+BENCHMARK(solveUsualCell)
+    ->ArgNames({"harness", "unused", "threads"})
+    ->ArgsProduct({{1, 4, 5, 8}, {0}, {1, 2}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 BENCHMARK(solveEllipticWeave)->Apply(grids);
 BENCHMARK(solveUnitCell)->Apply(grids);

@@ -94,5 +94,8 @@ BENCHMARK_CAPTURE(runExample, plain_weave, "plain-weave-glass-vinylester")
 BENCHMARK_CAPTURE(runExample, five_harness, "agp370-5h-3501-6s")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+BENCHMARK_CAPTURE(runExample, eight_harness, "m10e-3783")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 }  // namespace

@@ -32,10 +32,17 @@ struct LaneReport {
 /// once.
 ///
 /// Displacements on the corners of the voxels, one integration point per voxel (the rotated scheme
-/// of willot2015; as finite elements schneider2017), conjugate gradients preconditioned by a
-/// homogeneous orthotropic reference in Fourier space (moulinec1998, zeman2010). The two cases are
-/// the real and the imaginary part of one complex field for the transforms, which the reference
-/// does not mix; elsewhere they are two lanes with coefficients of their own.
+/// of willot2015; as finite elements schneider2017) and two for in-plane strains, conjugate
+/// gradients preconditioned by a homogeneous orthotropic reference in Fourier space (moulinec1998,
+/// zeman2010). The two cases are the real and the imaginary part of one complex field for the
+/// transforms, which the reference does not mix; elsewhere they are two lanes with coefficients of
+/// their own.
+///
+///     PairSolver solver(std::make_shared<SpectralBasis>(materials.shape()));
+///     kernels::PairLoad load;
+///     load.strain[k11][0] = load.strain[k22][1] = 1.0;  // lane 0 and lane 1
+///     PairField fluctuations(materials.shape());        // zero: a cold start
+///     const auto reports = solver.solve(materials, load, {true, true}, fluctuations, {}, team);
 class PairSolver {
  public:
   explicit PairSolver(std::shared_ptr<const SpectralBasis> basis);
