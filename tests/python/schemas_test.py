@@ -9,7 +9,7 @@ from pathlib import Path
 
 import jsonschema
 
-from material_folders import ROOT, example_folders, lamkit, material_folders
+from material_folders import EXAMPLES, ROOT, example_folders, lamkit, material_folders
 
 SCHEMA = ROOT / "docs" / "mdata.xsd"
 
@@ -125,6 +125,22 @@ class CardSchema(unittest.TestCase):
             damage(card)
             with self.subTest(number=number):
                 self.assertFalse(validator.is_valid(card))
+
+
+class RunSchema(unittest.TestCase):
+    def test_takes_what_solve_writes(self):
+        validator = validator_of("run.schema.json")
+        with tempfile.TemporaryDirectory() as folder:
+            refused = Path(folder) / "refused.qdk"
+            refused.write_text("*MATERIALS\n")
+            result = lamkit(
+                "solve", EXAMPLES / "im7-8552.qdk", refused, "--results", Path(folder) / "out"
+            )
+            self.assertEqual(result.returncode, 2, result.stderr)
+            for name in ("im7-8552", "refused"):
+                record = json.loads((Path(folder) / "out" / name / "run.json").read_text())
+                validator.validate(record)
+                self.assertFalse(validator.is_valid({**record, "verdict": "fine"}))
 
 
 if __name__ == "__main__":
