@@ -42,11 +42,11 @@ bool makeAPly(const kx::WeaveDescription& weave, const kx::Constituents& materia
 /// Runs `work` on the engine's weaves; no thread is left when it is done.
 template <typename Work>
 void withWeaves(const Work& work) {
-  struct Rest {
+  struct WorkersEnd {
     kx::WeaveModel& weaves;
-    ~Rest() { weaves.team().rest(); }
-  } const rest{kx::EngineState::instance().weaves()};
-  work(rest.weaves);
+    ~WorkersEnd() { weaves.team().endWorkers(); }
+  } const end{kx::EngineState::instance().weaves()};
+  work(end.weaves);
 }
 
 /// What a damage state is of.

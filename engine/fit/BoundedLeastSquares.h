@@ -125,7 +125,7 @@ class BoundedLeastSquares {
       }
       Eigen::Map<Jacobian> j(jacobian);
       linearised(z, r, j);
-      rest(z, r, j);
+      holdAtBounds(z, r, j);
       if (hook_) {
         hook_(steps_, problem_.error(z));
       }
@@ -146,7 +146,9 @@ class BoundedLeastSquares {
     }
 
     /// Clears the derivatives of the coordinates that the gradient pushes out of the box.
-    void rest(const Vector& z, const Eigen::Map<Residuals>& r, Eigen::Map<Jacobian>& j) const {
+    void holdAtBounds(const Vector& z,
+                      const Eigen::Map<Residuals>& r,
+                      Eigen::Map<Jacobian>& j) const {
       const Vector gradient = j.transpose() * r;
       for (int i = 0; i < NUM_PARAMETERS; ++i) {
         const bool outwards =

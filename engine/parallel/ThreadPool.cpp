@@ -75,10 +75,10 @@ ThreadPool::ThreadPool(const int threads)
     : threads_(std::max(1, threads)), shared_(std::make_unique<Shared>()) {}
 
 ThreadPool::~ThreadPool() {
-  rest();
+  endWorkers();
 }
 
-void ThreadPool::rest() {
+void ThreadPool::endWorkers() {
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);
     shared_->stopping = true;

@@ -30,7 +30,7 @@ class ThreadPool {
   void forEach(std::size_t items, const std::function<void(std::size_t)>& work);
 
   /// Ends the workers; the next loop starts new ones. For pools that outlive their work.
-  void rest();
+  void endWorkers();
 
  private:
   struct Shared;

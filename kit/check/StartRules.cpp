@@ -43,7 +43,7 @@ Prediction weavePrediction(const lamcraft::Composite& composite, const StartValu
   kx::WeaveModel model(kx::ThreadPool::defaultThreads());
   const kx::CellResponse response =
       model.response(weave, kx::WeaveConstituents::uniform(start.fiber, start.matrix));
-  model.team().rest();
+  model.team().endWorkers();
   const kx::Matrix6& s = response.compliance;
   return {1.0 / s(0, 0), 1.0 / s(1, 1), 1.0 / s(3, 3), -s(0, 1) / s(0, 0)};
 }

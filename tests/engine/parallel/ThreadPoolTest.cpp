@@ -36,7 +36,7 @@ TEST(ThreadPool, WorksOnAfterARest) {
   std::atomic<int> visits{0};
   for (int round = 0; round < 5; ++round) {
     pool.forEach(10, [&](std::size_t) { ++visits; });
-    pool.rest();
+    pool.endWorkers();
   }
   EXPECT_EQ(visits, 50);
 }
