@@ -61,7 +61,8 @@ class FieldFit {
   }
 
  private:
-  /// A set of constituents whose fields have been solved.
+  /// A set of constituents whose fields have been solved; the error is no number where they did not
+  /// reach their tolerance.
   struct Point {
     Vector z;
     CellSensitivity sensitivity;
@@ -120,7 +121,8 @@ class FieldFit {
       }
       const Point trial = solvedAt(next, tolerance(point));
       problem_.setSensitivity(trial.sensitivity);
-      const double gained = current - problem_.merit(trial.z, lam);
+      const bool isSolved = std::isfinite(trial.error);
+      const double gained = isSolved ? current - problem_.merit(trial.z, lam) : 0.0;
       if (gained > 0.0) {
         point = trial;
       }
@@ -152,12 +154,15 @@ class FieldFit {
     const Constituents materials = space_.at(z.data());
     SolveSettings settings;
     settings.tolerance = tolerance;
-    cell_.solveStrains(WeaveConstituents::uniform(materials.fiber, materials.matrix), settings);
-    Point point{z, cell_.sensitivity(), 0.0};
+    const bool isSolved =
+        cell_.solveStrains(WeaveConstituents::uniform(materials.fiber, materials.matrix), settings);
+    Point point{z, cell_.sensitivity(), std::numeric_limits<double>::quiet_NaN()};
     problem_.setSensitivity(point.sensitivity);
-    point.error = problem_.error(z);
+    if (isSolved) {
+      point.error = problem_.error(z);
+    }
     ++solves_;
-    if (hook_) {
+    if (hook_ && isSolved) {
       hook_(solves_, point.error);
     }
     return point;
@@ -172,10 +177,12 @@ class FieldFit {
   std::int32_t solves_ = 0;
 };
 
+/// No numbers where a field did not reach its tolerance.
 Properties plyOf(WeaveModel& model, const WeaveDescription& weave, const Constituents& materials) {
   const CellResponse response =
       model.response(weave, WeaveConstituents::uniform(materials.fiber, materials.matrix));
-  return propertiesFromCompliance(response.compliance, response.expansion);
+  return response.isConverged ? propertiesFromCompliance(response.compliance, response.expansion)
+                              : noModel().materials.lamina;
 }
 
 // The ply's expansions by Levin's relation, applied to the unit cell and to the tows.
