@@ -306,6 +306,24 @@ void checkTarget(const SetView& lamina, const Reading& reading, Report& report) 
              "was measured");
 }
 
+/// Six values under LAMINA and a lamina's under STRENGTHS.
+void checkExchange(const Reading& reading, const EnvironmentKeywords& environment, Report& report) {
+  const abqinp::Keyword* const lamina = environment.last("LAMINA");
+  const abqinp::Keyword* const strengths = environment.last("STRENGTHS");
+  if (lamina == nullptr || strengths == nullptr) {
+    return;
+  }
+  const auto count = [](const abqinp::Keyword& keyword) { return keyword.row(0).values().size(); };
+  const std::size_t properties = givenProperties(reading.composite().laminaSymmetry()).size();
+  if (count(*lamina) == lamcraft::kStrengthCount && count(*strengths) == properties) {
+    addSwapped(spotOf(*lamina, environment.number),
+               Severity::error,
+               report,
+               "LAMINA has as many values as STRENGTHS wants, and STRENGTHS as many as LAMINA: are "
+               "the two swapped?");
+  }
+}
+
 }  // namespace
 
 bool checkSets(const Reading& reading, const EnvironmentKeywords& environment, Report& report) {
@@ -314,6 +332,7 @@ bool checkSets(const Reading& reading, const EnvironmentKeywords& environment, R
   const SetState fiber = checkSet(reading, views.fiber, report);
   const SetState matrix = checkSet(reading, views.matrix, report);
   checkTarget(views.lamina, reading, report);
+  checkExchange(reading, environment, report);
   const SetState worst = std::min({lamina, fiber, matrix});
   const bool isInOrder =
       worst == SetState::none || checkOrder(views, reading.composite().isWoven(), report);
