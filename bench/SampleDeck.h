@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_BENCH_SAMPLEDECK_H
 #define LAMCRAFT_BENCH_SAMPLEDECK_H
 

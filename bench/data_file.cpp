@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Speed of writing data files: building the document, saving it, giving it back.
 
 #include <cstdint>

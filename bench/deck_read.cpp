@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Reading decks: bytes per second, time and memory against size. 100 MB/s and four times the deck's
 // size in memory are enough.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Writing decks back: bytes per second, and time against size.
 
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Fit of the bond constants to S-N records, and one life with its derivatives.
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // One evaluation of the closed-form unidirectional lamina: the inner loop of every fit.
 
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Reduction of a measured shear curve to the prefail constants.
 
 #include <benchmark/benchmark.h>

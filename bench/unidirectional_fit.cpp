@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A whole mechanical and thermal fit of a unidirectional lamina.
 
 #include <benchmark/benchmark.h>

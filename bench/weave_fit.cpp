@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Woven plies at the default grids: the fit to a measured ply, and all damage states after it.
 
 #include <benchmark/benchmark.h>

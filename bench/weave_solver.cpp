@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The voxel solver: time per voxel and iteration, on a sampled plain weave of elliptic tows and on
 // our own unit cell with composite voxels. Counters: iterations of the six cases, nanoseconds per
 // voxel, case and iteration.

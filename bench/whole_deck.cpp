@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Whole runs in this process, from the deck to the written material folder, with the engine:
 // examples, and a unidirectional deck of many environments.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # Fails when a file of ROOM includes a header of a room that is not in ALLOWED, or when the folder
 # holds a .cpp that SOURCES does not name. Quoted includes are ours, angled ones are not looked at.
 

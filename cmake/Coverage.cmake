@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # LAMCRAFT_COVERAGE: counters in every line, read by scripts/coverage. The engine has threads, hence
 # counters that they can share.
 if(LAMCRAFT_COVERAGE)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # Writes TARGET, a source that holds the bytes of FILES: lamkit::embeddedFile("charts.js").
 set(definitions "")
 set(cases "")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # TinyXML as the target TinyXML::TinyXML; nothing to do where the target is there already, as in a
 # build that brings TinyXML's sources along.
 if(TARGET TinyXML::TinyXML)

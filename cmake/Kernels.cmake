@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # On 64-bit Windows GCC keeps stacks aligned to 16 bytes only and would spill the wider registers to
 # misaligned places: plain x86-64 there.
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$" AND NOT MINGW)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # One room of the house: a static library of the sources in this folder.
 #
 #   lamcraft_module(<name> ROOT <include root> FOLDER <folder below it>

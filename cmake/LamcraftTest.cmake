@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # The tests of one room: an executable of its sources, its cases found by GoogleTest.
 #
 #   lamcraft_test(<name> [FAKE] SOURCES <files> LINKS <targets>)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # cpack: a ZIP for Windows; a Debian package and a .tar.gz elsewhere. What goes in is what the rooms
 # install.
 set(CPACK_PACKAGE_NAME lamcraft)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # LAMCRAFT_SANITIZE: a list for -fsanitize (address,undefined or thread), empty for none.
 if(LAMCRAFT_SANITIZE)
   add_compile_options(-fsanitize=${LAMCRAFT_SANITIZE} -fno-omit-frame-pointer

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # The warnings that the whole tree builds without. Microsoft's compiler gets its own equivalent.
 add_library(lamcraft_warnings INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")

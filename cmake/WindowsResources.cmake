@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # What Windows shows of an executable and lets it do: version resource and manifest.
 #
 #   lamcraft_windows_resources(<target> <description>)

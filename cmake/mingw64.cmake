@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # Builds for 64-bit Windows with Debian's mingw-w64. What is built runs under Wine, and so do tests.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)

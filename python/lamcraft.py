@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Reads the material folders that lamcraft writes.
 
     import lamcraft

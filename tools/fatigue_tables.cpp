@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Prints how lives at one temperature follow from those at another, as the tables of docs/engine.md
 // hold it:
 //   fatigue_tables tests/reference/published.json

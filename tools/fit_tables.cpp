@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Prints what the fits make of published plies, as the tables of docs/engine.md hold it:
 //   fit_tables tools/published_plies.json
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Draws the voxel model of a weave's unit cell as SVG: the ply from above, and a section along the
 // middle of a fill tow.
 //

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # Boost::locale, built from Debian's source package with the backends of Windows and of the standard
 # library; ICU and iconv are left out, code pages are Windows' own. The headers of Boost are those of
 # this machine.

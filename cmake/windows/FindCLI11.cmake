@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # CLI11::CLI11: the headers of this machine.
 include(WindowsSources)
 if(NOT TARGET CLI11::CLI11)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # GTest::gmock_main and its like, built from Debian's source package of GoogleTest.
 include(WindowsSources)
 set(source /usr/src/googletest)

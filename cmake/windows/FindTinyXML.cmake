@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # TinyXML::TinyXML, built from Debian's source package.
 include(WindowsSources)
 set(source ${LAMCRAFT_WINDOWS_SOURCES}/tinyxml)

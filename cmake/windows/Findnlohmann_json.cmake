@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # nlohmann_json::nlohmann_json: the headers of this machine.
 include(WindowsSources)
 if(NOT TARGET nlohmann_json::nlohmann_json)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # What the cross build takes from this machine: sources that scripts/bootstrap --windows has unpacked
 # and header-only packages.
 include_guard(GLOBAL)

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: BSD-3-Clause
 """A tension coupon for CalculiX, with fibres at an angle to the load.
 
     python3 coupon.py mesh CARD      writes coupon.inp, which includes the material card (N, mm, tonne)

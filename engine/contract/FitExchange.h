@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_CONTRACT_FITEXCHANGE_H
 #define KX_CONTRACT_FITEXCHANGE_H
 

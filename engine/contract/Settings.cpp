@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The contract's functions that set and ask: maximum errors, isotropy, status, default properties.
 
 #include "contract/Arguments.h"

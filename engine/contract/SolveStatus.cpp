@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "contract/SolveStatus.h"
 
 #include <algorithm>

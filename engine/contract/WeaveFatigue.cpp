@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The contract's functions for the fatigue of plain weaves.
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_ELASTIC_ROTATION_H
 #define KX_ELASTIC_ROTATION_H
 

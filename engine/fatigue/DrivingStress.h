@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_FATIGUE_DRIVINGSTRESS_H
 #define KX_FATIGUE_DRIVINGSTRESS_H
 

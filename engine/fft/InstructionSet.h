@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_FFT_INSTRUCTIONSET_H
 #define KX_FFT_INSTRUCTIONSET_H
 

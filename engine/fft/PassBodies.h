@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The passes' code, included by one source file per instruction set; see Passes.h. Everything has
 // internal linkage and nothing of the standard library is used: an inline function shared with
 // code for a lesser processor could otherwise come out compiled for the better one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_FIT_ASSESSMENT_H
 #define KX_FIT_ASSESSMENT_H
 

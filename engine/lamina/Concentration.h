@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_LAMINA_CONCENTRATION_H
 #define KX_LAMINA_CONCENTRATION_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_PARALLEL_THREADPOOL_H
 #define KX_PARALLEL_THREADPOOL_H
 

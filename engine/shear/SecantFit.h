@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_SHEAR_SECANTFIT_H
 #define KX_SHEAR_SECANTFIT_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_SYSTEMS_MATERIALSYSTEMS_H
 #define KX_SYSTEMS_MATERIALSYSTEMS_H
 

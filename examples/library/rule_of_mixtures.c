@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 /* A micromechanics library of one's own: the rule of mixtures for unidirectional laminae.
  *
  * Along the fiber, fiber and matrix strain alike (W. Voigt, Annalen der Physik 274 (1889) 573);

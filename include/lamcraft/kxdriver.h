@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_KXDRIVER_H
 #define LAMCRAFT_KXDRIVER_H
 

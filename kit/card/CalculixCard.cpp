@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "card/CardFormats.h"
 #include "card/CardText.h"
 #include "card/InpText.h"

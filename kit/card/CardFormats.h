@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_CARD_CARDFORMATS_H
 #define LAMKIT_CARD_CARDFORMATS_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_CHECK_CHECK_H
 #define LAMKIT_CHECK_CHECK_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_COMMAND_CONTEXT_H
 #define LAMKIT_COMMAND_CONTEXT_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_COMMAND_OPTIONS_H
 #define LAMKIT_COMMAND_OPTIONS_H
 

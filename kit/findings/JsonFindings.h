@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_FINDINGS_JSONFINDINGS_H
 #define LAMKIT_FINDINGS_JSONFINDINGS_H
 

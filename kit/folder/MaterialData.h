@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_FOLDER_MATERIALDATA_H
 #define LAMKIT_FOLDER_MATERIALDATA_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_PROGRAM_PROGRAM_H
 #define LAMKIT_PROGRAM_PROGRAM_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_RECORD_RUNRECORD_H
 #define LAMKIT_RECORD_RUNRECORD_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_REPORT_LIFECURVES_H
 #define LAMKIT_REPORT_LIFECURVES_H
 

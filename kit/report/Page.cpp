@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/Page.h"
 
 #include "report/EmbeddedFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_SOLVE_DECKRUN_H
 #define LAMKIT_SOLVE_DECKRUN_H
 

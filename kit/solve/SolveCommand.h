@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_SOLVE_SOLVECOMMAND_H
 #define LAMKIT_SOLVE_SOLVECOMMAND_H
 

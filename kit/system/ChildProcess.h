@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_SYSTEM_CHILDPROCESS_H
 #define LAMKIT_SYSTEM_CHILDPROCESS_H
 

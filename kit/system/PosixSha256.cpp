@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include <nettle/sha2.h>
 
 #include "system/Hexadecimal.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_TABLE_ROW_H
 #define LAMKIT_TABLE_ROW_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_VERDICT_LIFESCATTER_H
 #define LAMKIT_VERDICT_LIFESCATTER_H
 

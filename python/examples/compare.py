@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: BSD-3-Clause
 """Compares two material folders: python3 compare.py FOLDER FOLDER
 
 Prints the constants of ply, fibre and matrix side by side, with the second over the first in per

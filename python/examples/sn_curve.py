@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: BSD-3-Clause
 """Draws the S-N tests of a material folder: python3 sn_curve.py FOLDER PICTURE
 
 One colour an angle and stress ratio, the points as measured and the straight line of least squares

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_ABQINP_DATAROW_H
 #define LAMCRAFT_ABQINP_DATAROW_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_ABQINP_DECKLINE_H
 #define LAMCRAFT_ABQINP_DECKLINE_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_COMPOSITE_SATINWEAVE_H
 #define LAMCRAFT_COMPOSITE_SATINWEAVE_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_COMPOSITE_SOLVECHECK_H
 #define LAMCRAFT_COMPOSITE_SOLVECHECK_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_CONSOLE_FORMAT_H
 #define LAMCRAFT_CONSOLE_FORMAT_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "console/WideConversion.h"
 
 #include <array>

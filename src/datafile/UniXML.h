@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_DATAFILE_UNIXML_H
 #define LAMCRAFT_DATAFILE_UNIXML_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_DRIVER_RUN_H
 #define LAMCRAFT_DRIVER_RUN_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_MATERIAL_MATERIAL_H
 #define LAMCRAFT_MATERIAL_MATERIAL_H
 

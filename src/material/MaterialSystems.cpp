@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "material/MaterialSystems.h"
 
 #include <algorithm>

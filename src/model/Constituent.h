@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_MODEL_CONSTITUENT_H
 #define LAMCRAFT_MODEL_CONSTITUENT_H
 

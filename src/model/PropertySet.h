@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_MODEL_PROPERTYSET_H
 #define LAMCRAFT_MODEL_PROPERTYSET_H
 

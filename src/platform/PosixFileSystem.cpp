@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

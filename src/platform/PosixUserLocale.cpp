@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include <cstdlib>
 #include <stdexcept>
 #include <string_view>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_PLATFORM_WINDOWSTEXT_H
 #define LAMCRAFT_PLATFORM_WINDOWSTEXT_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Opens reports in Chromium and holds them to their data. LAMKIT_REPORTS names a folder of pages: one
 // for each material, and all.html for all of them. LAMKIT_PICTURES, if set, gets screenshots.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Solves with the stand-in library, which writes down every call: what is called, with what, and
 // what the console says beside it.
 

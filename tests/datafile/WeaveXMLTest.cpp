@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "datafile/WeaveXML.h"
 
 #include <map>

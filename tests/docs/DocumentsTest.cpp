@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Holds the guide to the program: every keyword is described, and what it shows as a deck runs.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Decks from which the engine cannot build a model: the run ends with exit code 2, names the
 // environment and writes no data file.
 

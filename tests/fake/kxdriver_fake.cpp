@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A micromechanics library that fits nothing: it writes down every call with all its arguments and
 // fills each output with a number that no other output gets, so that tests see where every value
 // goes. What it does is set by environment variables:

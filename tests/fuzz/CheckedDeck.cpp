@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // lamkit's check on any bytes: it ends, every finding stands in the deck, and a deck that the
 // program refuses has an error.
 

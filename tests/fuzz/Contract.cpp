@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The engine's C contract: any bits as the numbers of any sequence of its eleven functions. No call
 // crashes, loops, writes beside its outputs, or answers otherwise than the engine promises.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The deck reader on any bytes: it agrees with the plain reference reader in all that a walk shows
 // and in what it writes, and it reads its own copy as the same deck.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Mutates inputs of the engine's contract so that one in sixteen has fits: else nearly all
 // would, since fits reach the most code, and take nearly all of the time.
 

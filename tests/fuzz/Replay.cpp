@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Gives every file of the folders in the arguments, in the order of their names, to a target.
 
 #include <algorithm>

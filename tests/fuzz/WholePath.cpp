@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A run of the program on any bytes as its deck, from the deck to the data files, in this process
 // and with the stand-in library. Every run ends with an exit code, and files that it has written
 // are whole.

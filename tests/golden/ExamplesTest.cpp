@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Runs every deck of examples/ twice and compares console and data files with what a person has
 // approved (LAMCRAFT_APPROVE=1 writes them anew, into tests/golden/examples/<example>/):
 //   fake/    with the stand-in library, byte for byte

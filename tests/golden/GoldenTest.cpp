@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Runs the program on a deck with the stand-in library and compares all that comes out, byte for
 // byte, with what a person has approved: console, calls of the library, and the material folder.
 //

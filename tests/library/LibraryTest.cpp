@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A stranger's way to a library of one's own: examples/library, built with nothing but what an
 // installation holds, takes the engine's place.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A Windows program for the tests of the console: runs lamcraft in the console in which it was
 // started itself, and writes to a file which code page the console has thereafter. Where OUTPUT is
 // given, the program gets a deck that is not there, whose name holds an e with an accent in the

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Holds cards to CalculiX: one element under six loads and a temperature, whose strains must give the
 constants of the data file back."""
 

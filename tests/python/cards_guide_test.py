@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Runs the commands of docs/cards.md."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Runs the scripts of python/examples."""
 
 import subprocess

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Material folders to read: those of every golden case and every example, solved with the stand-in
 library, which answers with a number of its own in each place; and every example solved with the
 engine."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Tests of python/lamcraft.py."""
 
 import dataclasses

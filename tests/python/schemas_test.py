@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Holds the schemas of docs/ to what the program writes."""
 
 import copy

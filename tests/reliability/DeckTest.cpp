@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Decks that are none: folders, pipes, devices, other encodings, bytes without sense, and far too
 // much.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Folders and files that do not take what the program writes, and what others do to them meanwhile.
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A disk that is full before the last byte of a file is there.
 
 #include <sched.h>

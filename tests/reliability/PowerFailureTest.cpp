@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What a power failure leaves: the system may bring the change of a name to the disk before the
 // content of the file, unless the content is there already.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A system that gives a run too little: memory, files, threads, a console, its libraries.
 
 #include <sys/resource.h>

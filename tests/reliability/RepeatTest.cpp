@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The same deck gives the same bytes: again, with any number of threads, in every language.
 
 #include <filesystem>

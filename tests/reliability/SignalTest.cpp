@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A run that a signal ends, at every moment at which it can change anything: before and after each
 // of its calls of the system.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "support/ProcessRun.h"
 
 #include <fcntl.h>

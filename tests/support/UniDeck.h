@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMCRAFT_TESTS_SUPPORT_UNIDECK_H
 #define LAMCRAFT_TESTS_SUPPORT_UNIDECK_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The program on a real console, which under Wine needs a display.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Where the program looks for its catalogues. German users tell by the language of the messages.
 
 #include <string>

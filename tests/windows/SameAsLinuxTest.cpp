@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The Windows program and that of this machine on the same decks: they must leave the same files
 // and say the same, line ends and code pages aside.
 

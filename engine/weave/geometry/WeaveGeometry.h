@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_WEAVE_GEOMETRY_WEAVEGEOMETRY_H
 #define KX_WEAVE_GEOMETRY_WEAVEGEOMETRY_H
 

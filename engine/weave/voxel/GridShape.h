@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_WEAVE_VOXEL_GRIDSHAPE_H
 #define KX_WEAVE_VOXEL_GRIDSHAPE_H
 

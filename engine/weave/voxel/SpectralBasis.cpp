@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "weave/voxel/SpectralBasis.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Builds the page from its data. Everything is drawn at once, and again when the units or the width
 // change. Numbers in the data are in newton, metre and kelvin.
 "use strict";

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_TESTS_CONTRACT_CONTRACTCALLS_H
 #define KX_TESTS_CONTRACT_CONTRACTCALLS_H
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # Fails unless the dynamic symbols that LIBRARY defines are the functions of the C contract.
 set(expected
   FATIGUE_PW_OPTI FAT_DCMP_PROPS FHT_GETDEFPROPS INSITU_STATUS PREFAIL SETISOFLAG SETMAXERROR

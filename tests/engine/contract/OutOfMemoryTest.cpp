@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

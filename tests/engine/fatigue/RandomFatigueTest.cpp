@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Bond constants fitted to random tests: sound, scattered, or none that a material would give.
 
 #include <cmath>

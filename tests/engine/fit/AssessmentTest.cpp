@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What a fit says about itself, against the spread of fits to drawn laminae and start values.
 
 #include "fit/Assessment.h"

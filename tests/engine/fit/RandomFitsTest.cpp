@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The unidirectional model and its fit on random admissible materials, sound or absurd for an
 // engineer. KX_RANDOM_FITS in the environment sets how many (a million takes a quarter of an hour).
 

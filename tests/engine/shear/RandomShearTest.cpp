@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Reduction of random shear curves, and what a matrix loses with its composite.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_TESTS_SUPPORT_REFERENCEDATA_H
 #define KX_TESTS_SUPPORT_REFERENCEDATA_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "systems/MaterialSystems.h"
 
 #include <limits>

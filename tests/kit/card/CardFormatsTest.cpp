@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Compares cards with golden files; LAMCRAFT_APPROVE=1 in the environment writes them anew.
 
 #include "card/CardFormats.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Two corpora: slips that users make, each with what must be said about it, and sound decks with
 // the few warnings that an engineer agrees with.
 

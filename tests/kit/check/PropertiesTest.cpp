@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What holds for every deck, tried on many that a random hand has changed.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Holds the completion of bash: it offers what the program's help lists.
 
 #include <string>

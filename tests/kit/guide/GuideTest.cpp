@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Holds the guide to lamkit check: what it shows is what the program says.
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A solve that is killed at any moment and taken up again ends as one that nobody disturbed.
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef LAMKIT_TESTS_SOLVE_SOLVEDDECKS_H
 #define LAMKIT_TESTS_SOLVE_SOLVEDDECKS_H
 

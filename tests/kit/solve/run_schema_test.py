@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 """Holds docs/run.schema.json to what lamkit solve writes: run_schema_test.py LAMKIT ROOT."""
 
 import copy

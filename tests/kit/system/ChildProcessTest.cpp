@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "system/ChildProcess.h"
 
 #include <system_error>

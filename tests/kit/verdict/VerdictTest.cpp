@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A folder for every rule of verdict that must fire it; docs/lamkit.md shows each finding.
 
 #include "verdict/Verdict.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "weave/cell/UnitCell.h"
 
 #include <numeric>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #ifndef KX_TESTS_WEAVE_VOXEL_TESTCELLS_H
 #define KX_TESTS_WEAVE_VOXEL_TESTCELLS_H
 

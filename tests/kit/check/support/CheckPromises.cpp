@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "kit/check/support/CheckPromises.h"
 
 #include <exception>
