@@ -82,7 +82,7 @@ TEST_F(Process, WithTooLittleMemorySaysSoAndWritesNothing) {
 /// An example with the engine, and more and more memory until it gets through.
 class ProcessWithTheEngine : public Process, public testing::WithParamInterface<const char*> {};
 
-TEST_P(ProcessWithTheEngine, AndTooLittleMemorySaysSoAndWritesNothing) {
+TEST_P(ProcessWithTheEngine, AndTooLittleMemorySaysSoAndWritesNoData) {
   if (LAMCRAFT_IS_SANITIZED) {
     GTEST_SKIP() << "sanitizers take more addresses than any limit";
   }
@@ -102,7 +102,9 @@ TEST_P(ProcessWithTheEngine, AndTooLittleMemorySaysSoAndWritesNothing) {
         runInShell("ulimit -v " + std::to_string(limit) + "; exec $RUN", libraries);
     const Files files = filesIn(out_);
     isThrough = files == whole;
-    ASSERT_TRUE(isThrough || files.empty()) << limit << " kB: " << namesOf(files);
+    // The deck's copy is written before the data are built.
+    const bool isDeckAlone = files.size() == 1 && files.count("input.qdk") == 1;
+    ASSERT_TRUE(isThrough || files.empty() || isDeckAlone) << limit << " kB: " << namesOf(files);
     const bool isReported = result.out.find("FATAL ERROR: ") != std::string::npos;
     ASSERT_TRUE(isThrough || result.exitCode == kNotStarted || isReported)
         << limit << " kB: exit code " << result.exitCode << "\n"
