@@ -365,8 +365,8 @@ FittedMaterials drawn(const FittedMaterials& given,
   return result;
 }
 
-// 400 draws tell a standard deviation to 1/sqrt(800) = 3.5 %, and the worst of nine constants is 2.5 to
-// 3.5 of that off.
+// 400 draws tell a standard deviation to 1/sqrt(800) = 3.5 %, and the worst of nine constants
+// is 2.5 to 3.5 of that off.
 TEST(WeaveFit, StandardDeviationsAreTheSpreadOfDrawnFits) {
   constexpr int kDraws = 400;
   constexpr double kPart = 0.1;
