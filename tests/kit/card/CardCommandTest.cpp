@@ -28,6 +28,7 @@ Result card(std::vector<std::string> arguments) {
   std::ostringstream err;
   Context context{out, err};
   CLI::App program;
+  program.allow_windows_style_options(false);  // as the program does, for which "/a/b" is a path
   addCard(program, context);
   arguments.insert(arguments.begin(), "card");
   std::reverse(arguments.begin(), arguments.end());  // as CLI::App::parse takes them

@@ -29,6 +29,7 @@ Result report(std::vector<std::string> arguments) {
   std::ostringstream err;
   Context context{out, err};
   CLI::App program;
+  program.allow_windows_style_options(false);  // as the program does, for which "/a/b" is a path
   addReport(program, context);
   arguments.insert(arguments.begin(), "report");
   std::reverse(arguments.begin(), arguments.end());  // as CLI::App::parse takes them
