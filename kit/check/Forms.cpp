@@ -22,6 +22,7 @@ namespace {
 template <class Rows, class NameOf>
 std::vector<std::string> namesOf(const Rows& rows, const NameOf nameOf) {
   std::vector<std::string> names;
+  names.reserve(rows.size());
   for (const auto& row : rows) {
     names.emplace_back(nameOf(row));
   }
@@ -38,11 +39,7 @@ std::vector<std::string> labelsOf(const Symmetry symmetry) {
 
 template <std::size_t Count>
 std::vector<std::string> tagsOf(const std::array<lamcraft::GroupRow, Count>& rows) {
-  std::vector<std::string> tags;
-  for (const lamcraft::GroupRow& row : rows) {
-    tags.emplace_back(row.tag);
-  }
-  return tags;
+  return namesOf(rows, [](const lamcraft::GroupRow& row) { return row.tag; });
 }
 
 /// Strengths by the names of VARIATION, which are those of the deck; of a weave the knees have

@@ -27,6 +27,21 @@ struct SnTest {
   std::array<double, kSnColumns> values;
 };
 
+/// Kendall's tau of the stresses and lives of the first `count` tests: 1 where lives rise with
+/// stresses throughout, -1 where they fall.
+double rankCorrelation(const std::vector<const SnTest*>& tests, const std::size_t count) {
+  double sum = 0.0;
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t j = i + 1; j < count; ++j) {
+      const double byStress =
+          std::abs(tests[i]->values[stress]) - std::abs(tests[j]->values[stress]);
+      const double product = byStress * (tests[i]->values[life] - tests[j]->values[life]);
+      sum += static_cast<double>((product > 0.0) - (product < 0.0));
+    }
+  }
+  return 2.0 * sum / (static_cast<double>(count) * static_cast<double>(count - 1));
+}
+
 class SnCheck {
  public:
   SnCheck(const Reading& reading, const EnvironmentKeywords& environment, Report& report)
@@ -222,17 +237,7 @@ class SnCheck {
       if (count < kFewest) {
         continue;
       }
-      double sum = 0.0;
-      for (std::size_t i = 0; i < count; ++i) {
-        for (std::size_t j = i + 1; j < count; ++j) {
-          const double byStress =
-              std::abs(group[i]->values[stress]) - std::abs(group[j]->values[stress]);
-          const double byLife = group[i]->values[life] - group[j]->values[life];
-          const double product = byStress * byLife;
-          sum += product > 0.0 ? 1.0 : (product < 0.0 ? -1.0 : 0.0);
-        }
-      }
-      const double tau = 2.0 * sum / (static_cast<double>(count) * static_cast<double>(count - 1));
+      const double tau = rankCorrelation(group, count);
       if (tau > kRising) {
         add(*group.front(),
             stress,

@@ -23,8 +23,8 @@ struct NoModelDeck {
   std::string text;
 };
 
-void PrintTo(const NoModelDeck& deck, std::ostream* out) {
-  *out << deck.name;
+std::ostream& operator<<(std::ostream& out, const NoModelDeck& deck) {
+  return out << deck.name;
 }
 
 /// The parts of an environment that a test takes away or spoils.

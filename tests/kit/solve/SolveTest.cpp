@@ -145,7 +145,7 @@ TEST(Solve, ResumedSolvesAnewWhatHasChanged) {
   EXPECT_NE(recordOf(solved.folder("A")).at("sha256"), digest);
   // Made by another version.
   std::string record = contentOf(solved.folder("A") / kRunRecord);
-  const std::size_t at = record.find("\"lamcraft\": \"") + 13;
+  const std::size_t at = record.find(R"("lamcraft": ")") + 13;
   record.insert(at, "x");
   solved.root.write("out/A/run.json", record);
   EXPECT_THAT(solved.solve({"--resume"}).err, testing::Not(HasSubstr("there already")));
