@@ -52,7 +52,9 @@ Curve curveOf(const Reading& reading, const EnvironmentKeywords& environment) {
               isUsual(setViews(reading, environment).lamina,
                       lamcraft::Property::g12,
                       familiesOf(systemName(reading)))};
-  for (std::size_t i = 0; i < record.shearStress.size(); ++i) {
+  // Of a keyword before this one that was refused, half a point may be there.
+  const std::size_t count = std::min(record.shearStress.size(), record.shearStrain.size());
+  for (std::size_t i = 0; i < count; ++i) {
     curve.points.push_back({record.shearStress[i], record.shearStrain[i]});
   }
   return curve;
