@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "kit/support/Subcommand.h"
 #include "support/TemporaryFolder.h"
 
 namespace lamkit {
@@ -17,29 +18,8 @@ namespace fs = std::filesystem;
 using lamcraft::test::contentOf;
 using lamcraft::test::TemporaryFolder;
 
-struct Result {
-  ExitCode code;
-  std::string out;
-  std::string err;
-};
-
-Result card(std::vector<std::string> arguments) {
-  std::ostringstream out;
-  std::ostringstream err;
-  Context context{out, err};
-  CLI::App program;
-  program.allow_windows_style_options(false);  // as the program does, for which "/a/b" is a path
-  addCard(program, context);
-  arguments.insert(arguments.begin(), "card");
-  std::reverse(arguments.begin(), arguments.end());  // as CLI::App::parse takes them
-  try {
-    program.parse(arguments);
-  } catch (const Failure& failure) {
-    context.fail(failure);
-  } catch (const CLI::ParseError& error) {
-    context.raise(ExitCode::failed);
-  }
-  return {context.exitCode, out.str(), err.str()};
+test::SubcommandResult card(const std::vector<std::string>& arguments) {
+  return test::runSubcommand(addCard, "card", arguments);
 }
 
 /// A folder with the data of an example, and a part of its text replaced.
@@ -69,7 +49,7 @@ class DataFolder {
 
 TEST(CardCommand, WritesTheCardAndNothingElseToTheStandardOutput) {
   const DataFolder folder("im7-8552");
-  const Result result = card({folder.path(), "--for", "calculix"});
+  const test::SubcommandResult result = card({folder.path(), "--for", "calculix"});
   EXPECT_LT(result.code, ExitCode::bad) << result.err;
   EXPECT_EQ(result.out.rfind("** im7-8552\n", 0), 0U);
   std::istringstream lines(result.out);
@@ -80,8 +60,9 @@ TEST(CardCommand, WritesTheCardAndNothingElseToTheStandardOutput) {
 
 TEST(CardCommand, WritesAFileInItsPlace) {
   const DataFolder folder("im7-8552");
-  const Result shown = card({folder.path(), "--for", "aster"});
-  const Result result = card({folder.path(), "--for", "aster", "-o", folder.file("card.comm")});
+  const test::SubcommandResult shown = card({folder.path(), "--for", "aster"});
+  const test::SubcommandResult result =
+      card({folder.path(), "--for", "aster", "-o", folder.file("card.comm")});
   EXPECT_EQ(result.out, "");
   EXPECT_EQ(contentOf(folder.file("card.comm")), shown.out);
 }
@@ -89,7 +70,7 @@ TEST(CardCommand, WritesAFileInItsPlace) {
 TEST(CardCommand, FailsWhereItCannotWrite) {
   const DataFolder folder("im7-8552");
   const std::string file = folder.file("nowhere/card.inp");
-  const Result result = card({folder.path(), "--for", "calculix", "-o", file});
+  const test::SubcommandResult result = card({folder.path(), "--for", "calculix", "-o", file});
   EXPECT_EQ(result.code, ExitCode::failed);
   EXPECT_NE(result.err.find(file), std::string::npos);
 }
@@ -97,12 +78,12 @@ TEST(CardCommand, FailsWhereItCannotWrite) {
 TEST(CardCommand, RefusesABadMaterial) {
   const DataFolder folder("im7-8552");
   folder.replaceAll("9.08000000015612E+09", "                NAN");
-  const Result refused = card({folder.path(), "--for", "calculix"});
+  const test::SubcommandResult refused = card({folder.path(), "--for", "calculix"});
   EXPECT_EQ(refused.code, ExitCode::bad);
   EXPECT_EQ(refused.out, "");
   EXPECT_NE(refused.err.find("not-a-number"), std::string::npos);
   EXPECT_NE(refused.err.find("--force"), std::string::npos);
-  const Result forced = card({folder.path(), "--for", "calculix", "--force"});
+  const test::SubcommandResult forced = card({folder.path(), "--for", "calculix", "--force"});
   EXPECT_EQ(forced.code, ExitCode::bad);
   EXPECT_NE(forced.out.find("** Verdict: bad\n** error: "), std::string::npos);
 }
@@ -112,7 +93,7 @@ TEST(CardCommand, FailsOnFoldersThatItCannotRead) {
   EXPECT_EQ(card({empty.file("nowhere"), "--for", "calculix"}).code, ExitCode::failed);
   const DataFolder folder("im7-8552");
   folder.write("<ZRN material=\"x\"");
-  const Result result = card({folder.path(), "--for", "calculix"});
+  const test::SubcommandResult result = card({folder.path(), "--for", "calculix"});
   EXPECT_EQ(result.code, ExitCode::failed);
   EXPECT_NE(result.err.find(folder.path()), std::string::npos);
   EXPECT_EQ(result.out, "");
@@ -120,7 +101,7 @@ TEST(CardCommand, FailsOnFoldersThatItCannotRead) {
 
 TEST(CardCommand, HasNoCardOfAFolderWithoutData) {
   const TemporaryFolder empty;
-  const Result result = card({empty.path().string(), "--for", "calculix"});
+  const test::SubcommandResult result = card({empty.path().string(), "--for", "calculix"});
   EXPECT_EQ(result.code, ExitCode::bad);
   EXPECT_NE(result.err.find("no-data"), std::string::npos);
   EXPECT_EQ(result.out, "");
@@ -136,7 +117,7 @@ TEST(CardCommand, CallsTwoEnvironmentsOfOneTemperatureAnError) {
   const DataFolder folder("ge1-glass-epoxy");
   folder.replaceAll("temperature=\" 2.33150000000000E+02\"",
                     "temperature=\" 2.96150000000000E+02\"");
-  const Result result = card({folder.path(), "--for", "calculix"});
+  const test::SubcommandResult result = card({folder.path(), "--for", "calculix"});
   EXPECT_EQ(result.code, ExitCode::bad);
   EXPECT_EQ(result.out, "");
   EXPECT_NE(result.err.find("[ambiguous]"), std::string::npos) << result.err;

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "report/ReportCommand.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "kit/support/Subcommand.h"
 #include "support/TemporaryFolder.h"
 
 namespace lamkit {
@@ -19,29 +18,10 @@ namespace fs = std::filesystem;
 using lamcraft::test::contentOf;
 using lamcraft::test::TemporaryFolder;
 
-struct Result {
-  ExitCode code;
-  std::string err;
-};
-
-Result report(std::vector<std::string> arguments) {
-  std::ostringstream out;
-  std::ostringstream err;
-  Context context{out, err};
-  CLI::App program;
-  program.allow_windows_style_options(false);  // as the program does, for which "/a/b" is a path
-  addReport(program, context);
-  arguments.insert(arguments.begin(), "report");
-  std::reverse(arguments.begin(), arguments.end());  // as CLI::App::parse takes them
-  try {
-    program.parse(arguments);
-  } catch (const Failure& failure) {
-    context.fail(failure);
-  } catch (const CLI::ParseError&) {
-    context.raise(ExitCode::failed);
-  }
-  EXPECT_EQ(out.str(), "");
-  return {context.exitCode, err.str()};
+test::SubcommandResult report(const std::vector<std::string>& arguments) {
+  test::SubcommandResult result = test::runSubcommand(addReport, "report", arguments);
+  EXPECT_EQ(result.out, "");
+  return result;
 }
 
 std::string example(const std::string& name) {
@@ -57,7 +37,7 @@ nlohmann::json dataOf(const std::string& page) {
 TEST(ReportCommand, WritesOnePageForAllFolders) {
   const TemporaryFolder folder;
   const std::string page = folder.file("page.html");
-  const Result result =
+  const test::SubcommandResult result =
       report({example("ge1-glass-epoxy"), example("im7-8552"), "-o", page, "--title", "Both"});
   EXPECT_LT(result.code, ExitCode::failed) << result.err;
   const nlohmann::json data = dataOf(contentOf(page));
@@ -93,7 +73,7 @@ TEST(ReportCommand, WritesNoHalfPage) {
   const TemporaryFolder folder;
   const std::string page = folder.file("page.html");
   const std::string gone = folder.file("gone");
-  const Result missing = report({example("im7-8552"), gone, "-o", page});
+  const test::SubcommandResult missing = report({example("im7-8552"), gone, "-o", page});
   EXPECT_EQ(missing.code, ExitCode::failed);
   EXPECT_NE(missing.err.find(gone), std::string::npos);
   EXPECT_FALSE(fs::exists(page));
@@ -103,7 +83,7 @@ TEST(ReportCommand, WritesNoHalfPage) {
   EXPECT_FALSE(fs::exists(page));
 
   const std::string nowhere = folder.file("nowhere/page.html");
-  const Result unwritten = report({example("im7-8552"), "-o", nowhere});
+  const test::SubcommandResult unwritten = report({example("im7-8552"), "-o", nowhere});
   EXPECT_EQ(unwritten.code, ExitCode::failed);
   EXPECT_NE(unwritten.err.find(nowhere), std::string::npos);
 }
